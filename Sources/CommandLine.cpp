@@ -1,0 +1,52 @@
+#include "CommandLine.h"
+
+namespace tessel {
+
+namespace {
+
+std::optional<CommandLine> lineForOption(std::string_view option)
+{
+    using Purpose = CommandLine::Purpose;
+    if (option == "--toggle")
+        return CommandLine{Purpose::run, RemoteCommand::toggleHistory, {}};
+    if (option == "--show")
+        return CommandLine{Purpose::run, RemoteCommand::openHistory, {}};
+    if (option == "--quit")
+        return CommandLine{Purpose::run, RemoteCommand::quit, {}};
+    if (option == "--version")
+        return CommandLine{Purpose::version, {}, {}};
+    if (option == "--help" || option == "-h")
+        return CommandLine{Purpose::help, {}, {}};
+    return std::nullopt;
+}
+
+} // namespace
+
+CommandLine parseCommandLine(std::span<const char* const> arguments)
+{
+    if (arguments.empty())
+        return {};
+    const auto line = lineForOption(arguments.front());
+    if (!line)
+        return {CommandLine::Purpose::invalid, {}, arguments.front()};
+    if (arguments.size() > 1)
+        return {CommandLine::Purpose::invalid, {}, arguments[1]};
+    return *line;
+}
+
+std::string_view helpText()
+{
+    return "Usage: tessel-clipboard [OPTION]\n"
+           "Keeps the history of what you copy. Press Super+Shift+V to open it, choose with the arrow keys,\n"
+           "and press Return to paste.\n"
+           "\n"
+           "  --toggle   open the history, or close it when it is open\n"
+           "  --show     open the history\n"
+           "  --quit     end the running program\n"
+           "  --version  print the version\n"
+           "  --help     print this text\n"
+           "\n"
+           "Without an option the program starts; when it is running already, its history opens.\n";
+}
+
+} // namespace tessel

@@ -1,0 +1,29 @@
+#pragma once
+
+#include <array>
+#include <optional>
+#include <string_view>
+
+#include "Clock.h"
+
+namespace tessel {
+
+/// How long an entry is kept. The declaration order is the order in which a chooser lists the policies.
+enum class QuickClearPolicy {
+    custom, ///< For the user's own number of seconds.
+    oneDay, ///< For 86400 seconds.
+    never,  ///< Without limit.
+};
+
+inline constexpr std::array allQuickClearPolicies = {QuickClearPolicy::custom, QuickClearPolicy::oneDay,
+                                                     QuickClearPolicy::never};
+
+/// The stored form, equal to the case name.
+std::string_view rawValue(QuickClearPolicy policy);
+/// None: `rawValue` is the stored form of no policy. Letter case counts.
+std::optional<QuickClearPolicy> quickClearPolicy(std::string_view rawValue);
+
+/// Entries captured before this time have expired. None: entries never expire.
+std::optional<Date> expiryCutoff(QuickClearPolicy policy, double customSeconds, Date now);
+
+} // namespace tessel

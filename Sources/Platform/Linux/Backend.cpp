@@ -1,0 +1,113 @@
+#include "Backend.h"
+
+#include <QtCore/QtGlobal>
+#include <xcb/xcb.h>
+
+#include <utility>
+
+#include "Desktop/JSONDefaultsStore.h"
+#include "Desktop/OpenSSLDigest.h"
+#include "Desktop/QtMainQueue.h"
+#include "Desktop/SessionBusControl.h"
+#include "Desktop/SystemClock.h"
+#include "X11/Selections/X11Pasteboard.h"
+#include "X11/X11Room.h"
+
+namespace tessel {
+
+namespace {
+
+constexpr const char* startupIDVariable = "DESKTOP_STARTUP_ID";
+
+std::shared_ptr<X11Pasteboard> makePasteboard(const std::shared_ptr<QtMainQueue>& queue,
+                                              const std::shared_ptr<Digest>& digest, Backend::Rules& rules)
+{
+    return std::make_shared<X11Pasteboard>(SelectionsEnvironment{
+        .postToMain = [queue](std::function<void()> work) { queue->post(std::move(work)); },
+        .fingerprintImage = [digest, fingerprint = std::move(rules.imageFingerprint)](
+                                const PlatformImage& image) { return fingerprint(image, *digest); },
+    });
+}
+
+} // namespace
+
+/// Declared in the order in which they are made.
+struct Backend::Parts {
+    explicit Parts(Rules rules)
+        : queue(std::make_shared<QtMainQueue>())
+        , digest(std::make_shared<OpenSSLDigest>())
+        , pasteboard(makePasteboard(queue, digest, rules))
+        , x11(makeX11Room({
+              .showTrustPrompt = std::move(rules.showTrustPrompt),
+              .offerPrimary = [pasteboard = pasteboard] { pasteboard->offerPrimary(); },
+          }))
+        , platform({
+              .pasteboard = pasteboard,
+              .digest = digest,
+              .defaults = std::make_shared<JSONDefaultsStore>(JSONDefaultsStore::standardPath()),
+              .hotKeyCenter = x11.hotKeyCenter,
+              .workspace = x11.workspace,
+              .accessibilityTrust = x11.accessibilityTrust,
+              .keyStrokes = x11.keyStrokes,
+              .eventMonitors = x11.eventMonitors,
+              .screens = x11.screens,
+              .mainQueue = queue,
+              .clock = std::make_shared<SystemClock>(),
+              .application = x11.application,
+              .loginItem = nullptr,
+              .makeUpdater = {},
+          })
+    {}
+
+    std::shared_ptr<QtMainQueue> queue;
+    std::shared_ptr<Digest> digest;
+    std::shared_ptr<X11Pasteboard> pasteboard;
+    X11Room x11;
+    Platform platform;
+};
+
+Backend::Backend(Rules rules)
+    : parts_(std::make_unique<Parts>(std::move(rules)))
+{}
+
+Backend::~Backend() = default;
+
+const Platform& Backend::platform() const
+{
+    return parts_->platform;
+}
+
+NativeWindows& Backend::nativeWindows()
+{
+    return *parts_->x11.nativeWindows;
+}
+
+void Backend::noteStartupID(std::string_view startupID)
+{
+    parts_->x11.userTime->noteStartupIdentifier(startupID);
+}
+
+std::unique_ptr<RemoteControl> makeRemoteControl()
+{
+    return std::make_unique<SessionBusControl>();
+}
+
+std::string takeStartupID()
+{
+    std::string startupID = qgetenv(startupIDVariable).toStdString();
+    qunsetenv(startupIDVariable);
+    return startupID;
+}
+
+bool displayIsAvailable()
+{
+    // Whoever asks the toolkit to run without a window system gets what they ask for.
+    if (qEnvironmentVariableIsSet("QT_QPA_PLATFORM"))
+        return true;
+    xcb_connection_t* connection = xcb_connect(nullptr, nullptr);
+    const bool isConnected = xcb_connection_has_error(connection) == 0;
+    xcb_disconnect(connection);
+    return isConnected;
+}
+
+} // namespace tessel

@@ -1,0 +1,53 @@
+#pragma once
+
+#include <functional>
+#include <memory>
+#include <string>
+#include <string_view>
+
+#include "NativeWindows.h"
+#include "Platform.h"
+#include "RemoteControl.h"
+
+namespace tessel {
+
+/// The whole Linux backend, as the composition root uses it. Needs a `QApplication` that exists before and
+/// after it.
+class Backend {
+public:
+    /// What the backend has to be given from above.
+    struct Rules {
+        /// The content identity of an image. Runs on the backend's worker thread.
+        std::function<std::string(const PlatformImage&, const Digest&)> imageFingerprint;
+        /// Tells the user, without waiting for an answer, that synthetic keys cannot reach other
+        /// applications.
+        std::function<void()> showTrustPrompt;
+    };
+
+    explicit Backend(Rules rules);
+    ~Backend();
+    Backend(const Backend&) = delete;
+    Backend& operator=(const Backend&) = delete;
+
+    const Platform& platform() const;
+    NativeWindows& nativeWindows();
+
+    /// Takes note of the user's action that led to a request from outside; see `RemoteRequest::startupID`.
+    void noteStartupID(std::string_view startupID);
+
+private:
+    struct Parts;
+    std::unique_ptr<Parts> parts_;
+};
+
+/// How processes of this program reach each other. Works without a display.
+std::unique_ptr<RemoteControl> makeRemoteControl();
+
+/// The token of the user's action that started this process, or an empty text. It is taken out of the
+/// environment, so that no child process uses it again.
+std::string takeStartupID();
+
+/// True when there is a window system to connect to.
+bool displayIsAvailable();
+
+} // namespace tessel

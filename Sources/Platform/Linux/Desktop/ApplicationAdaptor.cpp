@@ -1,0 +1,40 @@
+#include "Desktop/ApplicationAdaptor.h"
+
+#include <utility>
+
+#include "Desktop/RemoteAction.h"
+
+namespace tessel {
+
+namespace {
+
+std::string startupID(const QVariantMap& platformData)
+{
+    return platformData.value(QStringLiteral("desktop-startup-id")).toString().toStdString();
+}
+
+} // namespace
+
+ApplicationAdaptor::ApplicationAdaptor(QObject* parent, Handler handler)
+    : QDBusAbstractAdaptor(parent)
+    , handler_(std::move(handler))
+{}
+
+void ApplicationAdaptor::Activate(const QVariantMap& platform_data)
+{
+    handler_({RemoteCommand::openHistory, startupID(platform_data)});
+}
+
+void ApplicationAdaptor::Open(const QStringList& /*uris*/, const QVariantMap& platform_data)
+{
+    Activate(platform_data);
+}
+
+void ApplicationAdaptor::ActivateAction(const QString& action_name, const QVariantList& /*parameter*/,
+                                        const QVariantMap& platform_data)
+{
+    if (const auto command = commandForAction(action_name.toStdString()))
+        handler_({*command, startupID(platform_data)});
+}
+
+} // namespace tessel

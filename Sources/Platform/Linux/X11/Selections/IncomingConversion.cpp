@@ -1,0 +1,153 @@
+#include "X11/Selections/IncomingConversion.h"
+
+#include <algorithm>
+#include <cstring>
+#include <utility>
+
+namespace tessel {
+
+IncomingConversion::IncomingConversion(SelectionWire& wire, const SelectionAtoms& atoms,
+                                       const SelectionRequest& conversion, std::size_t mostBytes, Moment now)
+    : wire_(wire)
+    , atoms_(atoms)
+    , conversion_(conversion)
+    , mostBytes_(mostBytes)
+    , deadline_(now + longestSilence)
+{
+    wire_.convertSelection(conversion_);
+}
+
+IncomingConversion::Progress IncomingConversion::selectionNotified(const SelectionNotice& notice, Moment now)
+{
+    if (stage_ != Stage::awaitingAnswer || notice.requestor != conversion_.requestor)
+        return progress_;
+    // An answer to an earlier conversion of the same owner can still be under way; each has its own property.
+    if (notice.selection != conversion_.selection || notice.target != conversion_.target)
+        return progress_;
+    if (notice.property != conversion_.property)
+        return finish(Progress::refused);
+    deadline_ = now + longestSilence;
+    stage_ = Stage::readingProperty;
+    readFrom(0);
+    return progress_;
+}
+
+IncomingConversion::Progress IncomingConversion::propertyChanged(const PropertyChange& change, Moment now)
+{
+    if (!isAskedProperty(change.window, change.property) || change.kind != PropertyChangeKind::newValue)
+        return progress_;
+    if (stage_ == Stage::readingIncrement)
+        incrementIsWaiting_ =
+            true; // The next piece can be there before we have seen the last slice of this one.
+    if (stage_ != Stage::awaitingIncrement)
+        return progress_;
+    deadline_ = now + longestSilence;
+    stage_ = Stage::readingIncrement;
+    readFrom(0);
+    return progress_;
+}
+
+IncomingConversion::Progress IncomingConversion::propertyArrived(const PropertySlice& slice, Moment now)
+{
+    if (!isAskedProperty(slice.window, slice.property) || progress_ != Progress::underWay)
+        return progress_;
+    deadline_ = now + longestSilence;
+    if (stage_ == Stage::readingIncrement)
+        return continueIncrements(slice);
+    if (stage_ != Stage::readingProperty)
+        return progress_;
+    if (slice.type == noAtom)
+        return finish(Progress::refused); // It promised a property that is not there.
+    if (slice.type == atoms_.incr && offset_ == 0)
+        return beginIncrements(slice);
+    if (append(slice) != Progress::underWay)
+        return progress_;
+    if (slice.bytesAfter == 0)
+        return finish(Progress::complete);
+    readFrom(offset_ + slice.bytes.size());
+    return progress_;
+}
+
+IncomingConversion::Progress IncomingConversion::timePassed(Moment now)
+{
+    return progress_ == Progress::underWay && now >= deadline_ ? finish(Progress::failed) : progress_;
+}
+
+IncomingConversion::Progress IncomingConversion::finish(Progress outcome)
+{
+    progress_ = outcome;
+    if (outcome != Progress::complete)
+        bytes_ = std::string();
+    return outcome;
+}
+
+void IncomingConversion::readFrom(std::size_t offset)
+{
+    offset_ = offset;
+    wire_.readProperty(conversion_.requestor, conversion_.property, offset, sliceBytes,
+                       AfterReading::deleteWhenComplete);
+}
+
+/// Reading the property has deleted it, which is what the owner waits for to begin (ICCCM section 2.7.2).
+IncomingConversion::Progress IncomingConversion::beginIncrements(const PropertySlice& slice)
+{
+    std::uint32_t announced = 0;
+    if (slice.format == 32 && slice.bytes.size() >= sizeof announced)
+        std::memcpy(&announced, slice.bytes.data(), sizeof announced);
+    // Only a lower bound, and only a claim. Room that is never written to costs no memory.
+    bytes_.reserve(std::min<std::size_t>(announced, mostBytes_));
+    comesInIncrements_ = true;
+    stage_ = Stage::awaitingIncrement;
+    return progress_;
+}
+
+IncomingConversion::Progress IncomingConversion::continueIncrements(const PropertySlice& slice)
+{
+    const bool isEnd = slice.type != noAtom && offset_ == 0 && slice.bytes.empty() && slice.bytesAfter == 0;
+    if (isEnd) {
+        if (type_ == noAtom) {
+            type_ = slice.type;
+            format_ = slice.format;
+        }
+        return finish(Progress::complete);
+    }
+    if (slice.type != noAtom && append(slice) != Progress::underWay)
+        return progress_;
+    if (slice.type != noAtom && slice.bytesAfter > 0) {
+        readFrom(offset_ + slice.bytes.size());
+        return progress_;
+    }
+    stage_ = Stage::awaitingIncrement;
+    if (std::exchange(incrementIsWaiting_, false)) {
+        stage_ = Stage::readingIncrement;
+        readFrom(0);
+    }
+    return progress_;
+}
+
+IncomingConversion::Progress IncomingConversion::append(const PropertySlice& slice)
+{
+    const bool isFirst = type_ == noAtom;
+    if (isFirst) {
+        type_ = slice.type;
+        format_ = slice.format;
+    }
+    if (slice.type != type_ || slice.format != format_)
+        return finish(Progress::refused);
+    if (slice.bytes.empty() && slice.bytesAfter > 0)
+        return finish(Progress::failed); // It shrinks and grows under our hands; there would be no end to it.
+    const std::size_t present = bytes_.size() + slice.bytes.size();
+    if (present > mostBytes_ || slice.bytesAfter > mostBytes_ - present)
+        return finish(Progress::failed);
+    if (present + slice.bytesAfter > bytes_.capacity() && slice.bytesAfter > 0)
+        bytes_.reserve(std::max(present + slice.bytesAfter, bytes_.capacity() * 2));
+    bytes_.append(reinterpret_cast<const char*>(slice.bytes.data()), slice.bytes.size());
+    return progress_;
+}
+
+bool IncomingConversion::isAskedProperty(WindowID window, AtomID property) const
+{
+    return window == conversion_.requestor && property == conversion_.property;
+}
+
+} // namespace tessel

@@ -1,0 +1,43 @@
+#pragma once
+
+#include "X11/Selections/SelectionAtoms.h"
+#include "X11/Selections/SelectionValue.h"
+#include "X11/Selections/SelectionWire.h"
+
+namespace tessel {
+
+/// One large value on its way to one requestor, in increments (ICCCM section 2.7.2).
+class OutgoingTransfer {
+public:
+    /// A requestor that has not taken a piece for this long is given up. It restarts with every piece, so
+    /// that a slow requestor may take as long as it needs for the whole.
+    static constexpr std::chrono::seconds longestSilence{10};
+    /// Pieces of this many bytes: few enough round trips for a large value, and little to be left behind in
+    /// the server when a requestor never takes its piece away.
+    static constexpr std::size_t mostIncrementBytes = std::size_t{1} << 20;
+
+    enum class Progress { underWay, finished };
+
+    /// Writes the announcement. The requestor must be watched already, and be notified afterwards.
+    OutgoingTransfer(SelectionWire& wire, const SelectionAtoms& atoms, WindowID requestor, AtomID property,
+                     AtomID type, SharedBytes bytes, std::size_t incrementBytes, Moment now);
+
+    WindowID requestor() const { return requestor_; }
+    AtomID property() const { return property_; }
+    Moment deadline() const { return deadline_; }
+
+    /// The requestor has taken the last piece away.
+    Progress propertyDeleted(Moment now);
+
+private:
+    SelectionWire* wire_;
+    WindowID requestor_;
+    AtomID property_;
+    AtomID type_;
+    SharedBytes bytes_;
+    std::size_t incrementBytes_;
+    std::size_t offset_ = 0;
+    Moment deadline_;
+};
+
+} // namespace tessel

@@ -1,0 +1,243 @@
+#include "X11/Selections/SelectionCoordinator.h"
+
+#include <algorithm>
+
+namespace tessel {
+
+SelectionCoordinator::SelectionCoordinator(SelectionWire& wire, const SelectionAtoms& atoms)
+    : wire_(wire)
+    , atoms_(atoms)
+    , receiver_(wire, atoms, atoms.clipboard)
+    , server_(wire, atoms)
+    , acquisition_(wire)
+{
+    receiver_.onValue = [this](ReceivedValue value) {
+        if (!isOwnerFromBefore_)
+            onValue(generation_, std::move(value));
+    };
+    receiver_.onIdle = [this] { answerSavers(); };
+    server_.onPictureWanted = [this](SelectionServer::SharedOffer offer, AtomID target) {
+        onPictureWanted(std::move(offer), target);
+    };
+    server_.onSaveTargets = [this](const SelectionRequest& request) {
+        if (receiver_.isIdle() || savers_.size() >= mostSavers)
+            return server_.answerSaveTargets(request);
+        savers_.push_back(request);
+    };
+    acquisition_.onTaken = [this](AtomID selection, ServerTime time) {
+        server_.offer(selection, valueToTake(selection), time);
+        if (selection == atoms_.clipboardManager)
+            wire_.announceManager(selection, time);
+    };
+}
+
+void SelectionCoordinator::becomeClipboardManager()
+{
+    acquisition_.acquire(atoms_.clipboardManager);
+}
+
+void SelectionCoordinator::keepPresentValue()
+{
+    acquisition_.onTime = [this](ServerTime time, Moment now) {
+        const bool hasChangedSince = isKeeping_ || heldChange_ || generation_ > 0;
+        if (hasChangedSince)
+            return;
+        isOwnerFromBefore_ = true;
+        isKeeping_ = true;
+        receiver_.receive(time, now);
+    };
+    acquisition_.askTime();
+}
+
+void SelectionCoordinator::write(WriteGeneration generation, SharedSelectionValue value, Moment now)
+{
+    generation_ = generation;
+    isOwnerFromBefore_ = false;
+    clipboardValue_ = std::move(value);
+    isKeeping_ = false;
+    heldChange_.reset();
+    receiver_.abandon(now);
+    onSuperseded();
+    answerSavers();
+    releasePrimary();
+    acquisition_.acquire(atoms_.clipboard);
+}
+
+void SelectionCoordinator::offerPrimary(SharedSelectionValue value)
+{
+    primaryValue_ = std::move(value);
+    acquisition_.acquire(atoms_.primary);
+}
+
+void SelectionCoordinator::releasePrimary()
+{
+    primaryValue_.reset();
+    const auto offer = server_.offered(atoms_.primary);
+    if (!offer)
+        return;
+    server_.withdraw(atoms_.primary);
+    // With the time of our ownership, so that whoever took it since keeps it.
+    wire_.setSelectionOwner(noWindow, atoms_.primary, offer->time);
+}
+
+SharedSelectionValue SelectionCoordinator::valueToTake(AtomID selection) const
+{
+    static const auto nothing = std::make_shared<const SelectionValue>();
+    if (selection == atoms_.clipboard && clipboardValue_)
+        return clipboardValue_;
+    if (selection == atoms_.primary && primaryValue_)
+        return primaryValue_;
+    return nothing;
+}
+
+void SelectionCoordinator::pictureConverted(const SelectionServer::SharedOffer& offer, AtomID target,
+                                            SharedBytes bytes, Moment now)
+{
+    server_.pictureConverted(offer, target, std::move(bytes), now);
+}
+
+bool SelectionCoordinator::isPictureWanted(const SelectionServer::SharedOffer& offer, AtomID target) const
+{
+    return server_.isWanted(offer, target);
+}
+
+void SelectionCoordinator::ownerChanged(const OwnerChange& change, Moment now)
+{
+    if (change.selection == atoms_.clipboardManager && change.owner == noWindow)
+        return becomeClipboardManager(); // The other one has gone.
+    if (change.selection != atoms_.clipboard)
+        return;
+    if (change.owner == wire_.ownerWindow()) {
+        // Our own taking: whatever came before it is history.
+        heldChange_.reset();
+        return;
+    }
+    if (acquisition_.isUnderWay(atoms_.clipboard)) {
+        // Whether this owner comes before or after our own write is not known yet.
+        heldChange_ = change;
+        return;
+    }
+    receiveNewOwner(change, now);
+}
+
+void SelectionCoordinator::receiveNewOwner(const OwnerChange& change, Moment now)
+{
+    if (change.owner != noWindow) {
+        isOwnerFromBefore_ = false;
+        server_.withdraw(atoms_.clipboard);
+        clipboardValue_.reset();
+        onSuperseded();
+        isKeeping_ = true;
+        receiver_.receive(change.time, now);
+        return;
+    }
+    if (change.reason == OwnerChangeReason::ownerSet)
+        return clearedByOthers(now);
+    receiver_.ownerGone();
+    if (isKeeping_)
+        takeOver(change.time);
+}
+
+/// Somebody gave the selection up on purpose: there is nothing any more, and nothing is to be brought back.
+void SelectionCoordinator::clearedByOthers(Moment now)
+{
+    server_.withdraw(atoms_.clipboard);
+    clipboardValue_.reset();
+    isKeeping_ = false;
+    receiver_.abandon(now);
+    onSuperseded();
+    answerSavers();
+    onValue(generation_, {Readability::readable, {}});
+}
+
+/// The owner is gone. Its value stays available, with everything that it had offered beside it. The time is
+/// that of its going: whoever has taken the selection since then keeps it.
+void SelectionCoordinator::takeOver(ServerTime time)
+{
+    isKeeping_ = false;
+    if (receiver_.kept().isEmpty())
+        return;
+    clipboardValue_ = std::make_shared<const SelectionValue>(receiver_.kept());
+    acquisition_.acquireAt(atoms_.clipboard, time);
+}
+
+void SelectionCoordinator::selectionNotified(const SelectionNotice& notice, Moment now)
+{
+    receiver_.selectionNotified(notice, now);
+}
+
+void SelectionCoordinator::selectionRequested(const SelectionRequest& request, Moment now)
+{
+    server_.selectionRequested(request, now);
+}
+
+void SelectionCoordinator::selectionCleared(AtomID selection, ServerTime time)
+{
+    // The loss of an ownership before the present one says nothing about this one.
+    const auto offer = server_.offered(selection);
+    if (!offer || isBefore(time, offer->time))
+        return;
+    server_.selectionCleared(selection);
+}
+
+void SelectionCoordinator::propertyChanged(const PropertyChange& change, Moment now)
+{
+    if (change.window != wire_.ownerWindow()) {
+        receiver_.propertyChanged(change, now);
+        server_.propertyChanged(change, now);
+        return;
+    }
+    if (change.property != atoms_.ownTimestamp || change.kind != PropertyChangeKind::newValue)
+        return;
+    acquisition_.timestampArrived(change.time, now);
+    // Somebody took the selection right after us, or our taking was ignored.
+    if (heldChange_ && !acquisition_.isUnderWay(atoms_.clipboard))
+        receiveHeldOwner(now);
+}
+
+void SelectionCoordinator::receiveHeldOwner(Moment now)
+{
+    const OwnerChange held = *heldChange_;
+    heldChange_.reset();
+    const bool hasComeAndGone = held.owner == noWindow && held.reason != OwnerChangeReason::ownerSet;
+    if (!hasComeAndGone)
+        return receiveNewOwner(held, now);
+    // It took the selection from us and died before it could be asked.
+    server_.withdraw(atoms_.clipboard);
+    clipboardValue_.reset();
+    onValue(generation_, {Readability::unreadable, {}});
+}
+
+void SelectionCoordinator::propertyArrived(const PropertySlice& slice, Moment now)
+{
+    receiver_.propertyArrived(slice, now);
+    server_.propertyArrived(slice, now);
+}
+
+void SelectionCoordinator::windowGone(WindowID window)
+{
+    server_.requestorGone(window);
+}
+
+void SelectionCoordinator::timePassed(Moment now)
+{
+    receiver_.timePassed(now);
+    server_.timePassed(now);
+}
+
+std::optional<Moment> SelectionCoordinator::deadline() const
+{
+    const auto receiving = receiver_.deadline();
+    const auto serving = server_.deadline();
+    if (!receiving || !serving)
+        return receiving ? receiving : serving;
+    return std::min(*receiving, *serving);
+}
+
+void SelectionCoordinator::answerSavers()
+{
+    for (const SelectionRequest& saver : std::exchange(savers_, {}))
+        server_.answerSaveTargets(saver);
+}
+
+} // namespace tessel

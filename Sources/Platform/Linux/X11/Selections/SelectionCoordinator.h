@@ -1,0 +1,89 @@
+#pragma once
+
+#include <cstdint>
+#include <optional>
+#include <vector>
+
+#include "X11/Selections/SelectionAcquisition.h"
+#include "X11/Selections/SelectionReceiver.h"
+#include "X11/Selections/SelectionServer.h"
+
+namespace tessel {
+
+/// Numbers the writes of this program, from 1; 0 stands for the time before the first.
+using WriteGeneration = std::uint64_t;
+
+/// Brings the receiver and the server together: which owner is received, when we take a selection over, and
+/// which of our own writes a received value comes after. Takes every event of the wire. A state machine
+/// without input or output of its own and without a clock.
+class SelectionCoordinator {
+public:
+    /// The most applications that wait for their selection to be saved; they do so while they quit.
+    static constexpr std::size_t mostSavers = 32;
+
+    SelectionCoordinator(SelectionWire& wire, const SelectionAtoms& atoms);
+    SelectionCoordinator(const SelectionCoordinator&) = delete;
+    SelectionCoordinator& operator=(const SelectionCoordinator&) = delete;
+
+    /// The value of a new owner, which took the selection after the write `generation` of ours. Once for each
+    /// owner whose value was received or has failed. Must be set before the first event.
+    std::function<void(WriteGeneration generation, ReceivedValue value)> onValue;
+    /// What `onValue` brought last has been replaced or is about to be: nobody needs it prepared any more.
+    std::function<void()> onSuperseded;
+    /// See `SelectionServer`.
+    std::function<void(SelectionServer::SharedOffer offer, AtomID target)> onPictureWanted;
+
+    /// Becomes the clipboard manager (freedesktop.org); call it where nobody else is. When somebody else is,
+    /// and goes, we take the place without being called.
+    void becomeClipboardManager();
+    /// Receives what somebody owned before we came, in order to keep it when that owner goes. It is not
+    /// reported.
+    void keepPresentValue();
+    /// Puts a value of our own on the clipboard. An empty value is a deliberate clear, and kept as emptiness.
+    void write(WriteGeneration generation, SharedSelectionValue value, Moment now);
+    /// Owns PRIMARY with `value` until the next write.
+    void offerPrimary(SharedSelectionValue value);
+    void pictureConverted(const SelectionServer::SharedOffer& offer, AtomID target, SharedBytes bytes,
+                          Moment now);
+    bool isPictureWanted(const SelectionServer::SharedOffer& offer, AtomID target) const;
+
+    void ownerChanged(const OwnerChange& change, Moment now);
+    void selectionNotified(const SelectionNotice& notice, Moment now);
+    void selectionRequested(const SelectionRequest& request, Moment now);
+    void selectionCleared(AtomID selection, ServerTime time);
+    void propertyChanged(const PropertyChange& change, Moment now);
+    void propertyArrived(const PropertySlice& slice, Moment now);
+    /// A window of somebody else is gone.
+    void windowGone(WindowID window);
+    void timePassed(Moment now);
+    std::optional<Moment> deadline() const;
+
+private:
+    void receiveNewOwner(const OwnerChange& change, Moment now);
+    void receiveHeldOwner(Moment now);
+    void clearedByOthers(Moment now);
+    void takeOver(ServerTime time);
+    void answerSavers();
+    void releasePrimary();
+    SharedSelectionValue valueToTake(AtomID selection) const;
+
+    SelectionWire& wire_;
+    const SelectionAtoms& atoms_;
+    SelectionReceiver receiver_;
+    SelectionServer server_;
+    SelectionAcquisition acquisition_;
+
+    WriteGeneration generation_ = 0;
+    SharedSelectionValue clipboardValue_; ///< To be offered when the clipboard is taken.
+    SharedSelectionValue primaryValue_;
+    /// The latest change of owner while our own taking is not decided.
+    std::optional<OwnerChange> heldChange_;
+    /// Whether the present owner is the one whose value the receiver has, so that it is kept when that owner
+    /// goes.
+    bool isKeeping_ = false;
+    /// Whether the present owner was there before us: its value is nobody's news.
+    bool isOwnerFromBefore_ = false;
+    std::vector<SelectionRequest> savers_;
+};
+
+} // namespace tessel

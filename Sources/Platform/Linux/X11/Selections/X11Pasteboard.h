@@ -1,0 +1,54 @@
+#pragma once
+
+#include <functional>
+#include <memory>
+#include <string>
+
+#include "Pasteboard.h"
+
+namespace tessel {
+
+class SelectionsWorker;
+
+/// What the pasteboard needs of its surroundings.
+struct SelectionsEnvironment {
+    /// Runs work on the main thread, on a later turn of its loop. Callable from any thread.
+    std::function<void(std::function<void()>)> postToMain;
+    /// The content identity to prepare an image with. Runs on the worker thread.
+    std::function<std::string(const PlatformImage&)> fingerprintImage;
+    /// The X display; empty: that of the environment.
+    std::string displayName = {};
+};
+
+/// The general pasteboard on X11: the CLIPBOARD selection (ICCCM section 2).
+///
+/// There is no pasteboard server on X11; applications ask each other. A worker thread does that server's
+/// part, so that here everything is at hand: the counter moves once for each new owner, when its value is
+/// here or has failed, and never for what was on the clipboard before. Where there is no X display, and when
+/// it is lost, the pasteboard only holds what is written to it. Belongs to the main thread.
+class X11Pasteboard final : public Pasteboard {
+public:
+    /// What is copied after this returns is noticed. Waits for a few answers of the X server, once.
+    explicit X11Pasteboard(SelectionsEnvironment environment);
+    ~X11Pasteboard() override;
+    X11Pasteboard(const X11Pasteboard&) = delete;
+    X11Pasteboard& operator=(const X11Pasteboard&) = delete;
+
+    std::int64_t changeCount() const override;
+    SharedText string() const override;
+    SharedImage image() const override;
+    void clearContents() override;
+    void setString(SharedText text) override;
+    void writeObjects(SharedImage image) override;
+
+    /// Puts the current string into the PRIMARY selection as well, until the next write: for applications
+    /// that paste from nowhere else. Does nothing without a string.
+    void offerPrimary();
+
+private:
+    struct State;
+
+    std::shared_ptr<State> state_;
+};
+
+} // namespace tessel

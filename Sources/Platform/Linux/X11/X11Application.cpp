@@ -1,0 +1,85 @@
+#include "X11/X11Application.h"
+
+#include <algorithm>
+#include <utility>
+
+#include <QtCore/QCoreApplication>
+#include <QtCore/QMetaObject>
+
+namespace tessel {
+
+X11Application::X11Application(std::shared_ptr<X11Connection> connection,
+                               std::shared_ptr<WindowManager> windowManager,
+                               std::shared_ptr<ToolkitWindows> toolkitWindows,
+                               std::shared_ptr<X11NativeWindows> nativeWindows)
+    : connection_(std::move(connection))
+    , windowManager_(std::move(windowManager))
+    , toolkitWindows_(std::move(toolkitWindows))
+    , nativeWindows_(std::move(nativeWindows))
+    , isActive_(hasActiveWindow())
+{
+    activeWindow_ = windowManager_->observeActiveWindow([this] { update(); });
+    focus_ = toolkitWindows_->observeFocus([this] { update(); });
+}
+
+void X11Application::activate(IgnoringOtherApps)
+{
+    const auto& windows = toolkitWindows_->shownWindows();
+    if (!windows.empty())
+        nativeWindows_->makeKeyAndOrderFront(NativeWindowHandle{windows.back()});
+}
+
+void X11Application::terminate()
+{
+    if (auto* application = QCoreApplication::instance())
+        QMetaObject::invokeMethod(application, &QCoreApplication::quit, Qt::QueuedConnection);
+}
+
+Token X11Application::observeActivity(std::function<void()> didChange)
+{
+    return observers_.add(std::move(didChange));
+}
+
+bool X11Application::hasActiveWindow() const
+{
+    // A window manager moves the focus first and announces the active window after it, in either direction:
+    // either of the two is enough.
+    if (toolkitWindows_->focusedWindow())
+        return true;
+    // With no window left to activate, openbox goes on announcing one that is gone.
+    const auto active = windowManager_->activeWindow();
+    const auto& shown = toolkitWindows_->shownWindows();
+    return active && std::find(shown.begin(), shown.end(), *active) != shown.end();
+}
+
+void X11Application::update()
+{
+    const bool isActive = hasActiveWindow();
+    if (isActive == isActive_)
+        return;
+    if (isActive || !connection_->isAlive())
+        return adopt(isActive);
+    confirmInactive();
+}
+
+void X11Application::confirmInactive()
+{
+    connection_->whenReplied<xcb_get_input_focus_reply_t>(
+        xcb_get_input_focus(connection_->raw()), lifetime_, [this](const auto* reply) {
+            const bool hasFocus = reply != nullptr && toolkitWindows_->owns(reply->focus);
+            // With the focus in another window of ours its own event is on the way.
+            if (!hasFocus && !hasActiveWindow())
+                adopt(false);
+        });
+    connection_->flush();
+}
+
+void X11Application::adopt(bool isActive)
+{
+    if (isActive == isActive_)
+        return;
+    isActive_ = isActive;
+    observers_.tell();
+}
+
+} // namespace tessel

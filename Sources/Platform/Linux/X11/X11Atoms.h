@@ -1,0 +1,41 @@
+#pragma once
+
+#include <cstdint>
+
+#include <xcb/xcb.h>
+
+namespace tessel {
+
+/// The atoms of this room, interned once for a connection. An atom has the same number on every connection to
+/// a server.
+struct X11Atoms {
+    xcb_atom_t netActiveWindow = XCB_ATOM_NONE;
+    xcb_atom_t netClientList = XCB_ATOM_NONE;
+    xcb_atom_t netSupported = XCB_ATOM_NONE;
+    xcb_atom_t netSupportingWindowManagerCheck = XCB_ATOM_NONE;
+    xcb_atom_t netWorkArea = XCB_ATOM_NONE;
+    xcb_atom_t netWindowDesktop = XCB_ATOM_NONE;
+    xcb_atom_t netWindowProcess = XCB_ATOM_NONE;
+    xcb_atom_t netWindowState = XCB_ATOM_NONE;
+    xcb_atom_t netWindowStateAbove = XCB_ATOM_NONE;
+    xcb_atom_t netWindowStateSkipPager = XCB_ATOM_NONE;
+    xcb_atom_t netWindowStateSkipTaskbar = XCB_ATOM_NONE;
+    xcb_atom_t netWindowStateSticky = XCB_ATOM_NONE;
+    xcb_atom_t netWindowStrut = XCB_ATOM_NONE;
+    xcb_atom_t netWindowStrutPartial = XCB_ATOM_NONE;
+    xcb_atom_t netWindowType = XCB_ATOM_NONE;
+    xcb_atom_t netWindowTypeDock = XCB_ATOM_NONE;
+    xcb_atom_t netWindowTypeUtility = XCB_ATOM_NONE;
+    xcb_atom_t netWindowUserTime = XCB_ATOM_NONE;
+    xcb_atom_t compositorShadow = XCB_ATOM_NONE;
+    xcb_atom_t motifWindowHints = XCB_ATOM_NONE;
+    xcb_atom_t windowState = XCB_ATOM_NONE;
+    xcb_atom_t timestampProbe = XCB_ATOM_NONE;
+    /// `_NET_WM_CM_Sn` of the connection's screen: the selection that a compositing manager owns.
+    xcb_atom_t compositingManager = XCB_ATOM_NONE;
+};
+
+/// Interns them all in one round trip. `screenNumber` is the number of the connection's screen.
+X11Atoms internAtoms(xcb_connection_t* connection, int screenNumber);
+
+} // namespace tessel

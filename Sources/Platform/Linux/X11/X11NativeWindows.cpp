@@ -1,0 +1,145 @@
+#include "X11/X11NativeWindows.h"
+
+#include <utility>
+#include <vector>
+
+#include <xcb/xfixes.h>
+
+#include "X11/FocusRequest.h"
+
+namespace tessel {
+
+namespace {
+
+constexpr std::uint32_t everyDesktop = 0xFFFFFFFF; // EWMH, `_NET_WM_DESKTOP`.
+
+} // namespace
+
+X11NativeWindows::X11NativeWindows(std::shared_ptr<X11Connection> connection,
+                                   std::shared_ptr<WindowManager> windowManager,
+                                   std::shared_ptr<ToolkitWindows> toolkitWindows,
+                                   std::shared_ptr<UserTime> userTime)
+    : connection_(std::move(connection))
+    , windowManager_(std::move(windowManager))
+    , toolkitWindows_(std::move(toolkitWindows))
+    , userTime_(std::move(userTime))
+{
+    showing_ = toolkitWindows_->observeShowing([this](xcb_window_t window) { windowWillShow(window); });
+    mapping_ = toolkitWindows_->observeMapping([this](xcb_window_t window) { windowDidMap(window); });
+    followCompositingManager();
+}
+
+void X11NativeWindows::followCompositingManager()
+{
+    if (!connection_->isAlive())
+        return;
+    const xcb_atom_t selection = connection_->atoms().compositingManager;
+    if (connection_->extensions().fixes) {
+        events_ = connection_->observeEvents([this](const xcb_generic_event_t& event) {
+            if (eventKind(event) != connection_->extensions().fixesFirstEvent + XCB_XFIXES_SELECTION_NOTIFY)
+                return;
+            const auto& changed = eventAs<xcb_xfixes_selection_notify_event_t>(event);
+            if (changed.selection == connection_->atoms().compositingManager)
+                compositingManager_ = changed.owner;
+        });
+        constexpr std::uint32_t everyChange = XCB_XFIXES_SELECTION_EVENT_MASK_SET_SELECTION_OWNER |
+                                              XCB_XFIXES_SELECTION_EVENT_MASK_SELECTION_WINDOW_DESTROY |
+                                              XCB_XFIXES_SELECTION_EVENT_MASK_SELECTION_CLIENT_CLOSE;
+        xcb_xfixes_select_selection_input(connection_->raw(), connection_->root(), selection, everyChange);
+    }
+    const auto owner = connection_->wait(xcb_get_selection_owner_reply,
+                                         xcb_get_selection_owner(connection_->raw(), selection));
+    compositingManager_ = owner ? owner->owner : noWindow;
+}
+
+void X11NativeWindows::preparePanel(NativeWindowHandle window, const PanelTraits& traits)
+{
+    const auto id = static_cast<xcb_window_t>(window);
+    if (!toolkitWindows_->owns(id) || !connection_->isAlive())
+        return;
+    panels_[id] = traits;
+    applyTraits(id, traits);
+    xcb_flush(toolkitWindows_->raw());
+}
+
+void X11NativeWindows::applyTraits(xcb_window_t window, const PanelTraits& traits)
+{
+    const X11Atoms& atoms = connection_->atoms();
+    setUnits(window, atoms.netWindowType, XCB_ATOM_ATOM, std::array{atoms.netWindowTypeUtility});
+    // No decorations: flags say that only the third field, the decorations, counts, and it is zero.
+    constexpr std::uint32_t decorationsOnly = 1U << 1;
+    setUnits(window, atoms.motifWindowHints, atoms.motifWindowHints,
+             std::array<std::uint32_t, 5>{decorationsOnly, 0, 0, 0, 0});
+    if (!traits.hasShadow)
+        setUnits(window, atoms.compositorShadow, XCB_ATOM_CARDINAL, std::array<std::uint32_t, 1>{0});
+    applyState(window, traits);
+}
+
+void X11NativeWindows::applyState(xcb_window_t window, const PanelTraits& traits)
+{
+    const X11Atoms& atoms = connection_->atoms();
+    std::vector<std::uint32_t> state;
+    if (traits.floatsAboveOthers || traits.overFullScreen)
+        state.push_back(atoms.netWindowStateAbove);
+    if (!traits.becomesMain) {
+        state.push_back(atoms.netWindowStateSkipTaskbar);
+        state.push_back(atoms.netWindowStateSkipPager);
+    }
+    if (traits.joinsAllSpaces) {
+        state.push_back(atoms.netWindowStateSticky);
+        setUnits(window, atoms.netWindowDesktop, XCB_ATOM_CARDINAL, std::array{everyDesktop});
+    }
+    setUnits(window, atoms.netWindowState, XCB_ATOM_ATOM, state);
+}
+
+void X11NativeWindows::setUnits(xcb_window_t window, xcb_atom_t property, xcb_atom_t type,
+                                std::span<const std::uint32_t> units)
+{
+    constexpr std::uint8_t bitsPerUnit = 32;
+    xcb_change_property(toolkitWindows_->raw(), XCB_PROP_MODE_REPLACE, window, property, type, bitsPerUnit,
+                        static_cast<std::uint32_t>(units.size()), units.data());
+}
+
+void X11NativeWindows::windowWillShow(xcb_window_t window)
+{
+    const auto found = panels_.find(window);
+    if (found == panels_.end() || !connection_->isAlive())
+        return;
+    // Window managers remove these when a window is hidden (EWMH, `_NET_WM_STATE` and `_NET_WM_DESKTOP`).
+    applyState(window, found->second);
+}
+
+void X11NativeWindows::makeKeyAndOrderFront(NativeWindowHandle window)
+{
+    const auto id = static_cast<xcb_window_t>(window);
+    if (!toolkitWindows_->owns(id) || !connection_->isAlive())
+        return;
+    wantsFocus_ = id;
+    requestFocus(id);
+}
+
+void X11NativeWindows::requestFocus(xcb_window_t window)
+{
+    xcb_connection_t* raw = toolkitWindows_->raw();
+    const xcb_timestamp_t time = userTime_->last();
+    if (time != XCB_CURRENT_TIME)
+        setUnits(window, connection_->atoms().netWindowUserTime, XCB_ATOM_CARDINAL, std::array{time});
+    if (windowManager_->maintainsActiveWindow())
+        requestActivation(raw, connection_->root(), connection_->atoms(), window, time,
+                          toolkitWindows_->focusedWindow().value_or(noWindow));
+    else
+        raiseAndFocus(raw, window, time);
+    xcb_flush(raw);
+}
+
+void X11NativeWindows::windowDidMap(xcb_window_t window)
+{
+    if (wantsFocus_ != window)
+        return;
+    wantsFocus_.reset();
+    // The request from before may have come too early for a window manager that takes its time.
+    if (toolkitWindows_->focusedWindow() != window)
+        requestFocus(window);
+}
+
+} // namespace tessel

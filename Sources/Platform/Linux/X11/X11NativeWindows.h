@@ -1,0 +1,54 @@
+#pragma once
+
+#include <array>
+#include <map>
+#include <memory>
+#include <optional>
+#include <span>
+
+#include "NativeWindows.h"
+#include "Token.h"
+#include "X11/ToolkitWindows.h"
+#include "X11/UserTime.h"
+#include "X11/WindowManager.h"
+#include "X11/X11Connection.h"
+
+namespace tessel {
+
+/// Our windows as window managers see them (ICCCM section 4, EWMH section 5).
+class X11NativeWindows : public NativeWindows {
+public:
+    X11NativeWindows(std::shared_ptr<X11Connection> connection, std::shared_ptr<WindowManager> windowManager,
+                     std::shared_ptr<ToolkitWindows> toolkitWindows, std::shared_ptr<UserTime> userTime);
+
+    void preparePanel(NativeWindowHandle window, const PanelTraits& traits) override;
+    /// May be called right after the window has been shown, before it is on screen.
+    void makeKeyAndOrderFront(NativeWindowHandle window) override;
+    /// Known at any time without asking.
+    bool blendsTranslucentWindows() const override { return compositingManager_ != noWindow; }
+
+private:
+    void followCompositingManager();
+    void windowWillShow(xcb_window_t window);
+    void windowDidMap(xcb_window_t window);
+    void applyTraits(xcb_window_t window, const PanelTraits& traits);
+    void applyState(xcb_window_t window, const PanelTraits& traits);
+    void requestFocus(xcb_window_t window);
+    void setUnits(xcb_window_t window, xcb_atom_t property, xcb_atom_t type,
+                  std::span<const std::uint32_t> units);
+
+    std::shared_ptr<X11Connection> connection_;
+    std::shared_ptr<WindowManager> windowManager_;
+    std::shared_ptr<ToolkitWindows> toolkitWindows_;
+    std::shared_ptr<UserTime> userTime_;
+    std::map<xcb_window_t, PanelTraits> panels_;
+    /// The window that is to have the focus and is not on screen yet.
+    std::optional<xcb_window_t> wantsFocus_;
+    xcb_window_t compositingManager_ = noWindow;
+    Token showing_;
+    Token mapping_;
+    Token events_;
+    std::shared_ptr<void> lifetime_ = std::make_shared<char>();
+};
+
+} // namespace tessel

@@ -1,0 +1,35 @@
+#pragma once
+
+#include <cstdint>
+
+#include "Geometry.h"
+
+namespace tessel {
+
+/// The system's handle of a window that the view toolkit has created (an X11 window id; an `NSView*`).
+enum class NativeWindowHandle : std::uintptr_t {};
+
+/// What the panel asks of the system beyond what the view toolkit offers.
+struct PanelTraits {
+    bool floatsAboveOthers = false; ///< Level 3, the floating window level.
+    bool joinsAllSpaces = false;    ///< Shown on every desktop.
+    bool overFullScreen = false;    ///< Shown beside full-screen windows.
+    bool hasShadow = false;         ///< The system's window shadow.
+    bool becomesMain = false;       ///< May become the main window.
+};
+
+/// The window system as far as the view toolkit does not cover it.
+class NativeWindows {
+public:
+    virtual ~NativeWindows() = default;
+
+    /// Gives a panel window its traits. Called once, after the window has been created and before it is first
+    /// shown.
+    virtual void preparePanel(NativeWindowHandle window, const PanelTraits& traits) = 0;
+    /// Raises a window that is being shown and gives it the keyboard focus, on the user's behalf.
+    virtual void makeKeyAndOrderFront(NativeWindowHandle window) = 0;
+    /// True while a compositing manager blends translucent windows (`_NET_WM_CM_Sn`, EWMH).
+    virtual bool blendsTranslucentWindows() const = 0;
+};
+
+} // namespace tessel

@@ -1,0 +1,143 @@
+// The composition root: the only place that knows which backend and which views are used.
+
+#include <QtWidgets/QApplication>
+
+#include <cstdio>
+#include <cstdlib>
+#include <memory>
+#include <optional>
+#include <string_view>
+
+#include "AppState.h"
+#include "Backend.h"
+#include "CommandLine.h"
+#include "History/ImageFingerprint.h"
+#include "Panel/PanelFactory.h"
+#include "Windows/TrustPrompt.h"
+
+namespace tessel {
+
+namespace {
+
+int complain(std::string_view text)
+{
+    std::fprintf(stderr, "Tessel Clipboard %.*s\n", static_cast<int>(text.size()), text.data());
+    return EXIT_FAILURE;
+}
+
+/// The program's entry: owns the one `AppState` for the life of the process.
+class TesselClipboardApp {
+public:
+    explicit TesselClipboardApp(std::string_view startupID)
+        : backend_({.imageFingerprint = imageFingerprint, .showTrustPrompt = trustPrompt()})
+    {
+        backend_.noteStartupID(startupID);
+        appState_ = AppState::create(backend_.platform(), windowFactory());
+    }
+
+    void obey(const RemoteRequest& request)
+    {
+        backend_.noteStartupID(request.startupID);
+        switch (request.command) {
+        case RemoteCommand::openHistory:
+            appState_->showPanel();
+            break;
+        case RemoteCommand::toggleHistory:
+            appState_->togglePanel();
+            break;
+        case RemoteCommand::quit:
+            appState_->terminate();
+            break;
+        }
+    }
+
+private:
+    WindowFactory windowFactory()
+    {
+        return {.panel = panelFactory(backend_.nativeWindows(), *backend_.platform().application),
+                .settings = {},
+                .about = {},
+                .onboarding = {}};
+    }
+
+    Backend backend_;
+    std::shared_ptr<AppState> appState_;
+};
+
+/// Asks the running program for what the command line wants. None: there is no running program, and this
+/// process may go on to be it. Where nobody can tell, a second process would only be in the way of the first.
+std::optional<int> passOn(RemoteControl& remote, const RemoteRequest& request)
+{
+    const Delivery delivery = remote.send(request);
+    if (delivery == Delivery::delivered)
+        return EXIT_SUCCESS;
+    if (delivery == Delivery::noChannel)
+        return complain("cannot be reached: there is no session bus (DBUS_SESSION_BUS_ADDRESS).");
+    if (request.command == RemoteCommand::quit)
+        return complain("is not running.");
+    return std::nullopt;
+}
+
+int run(int& argumentCount, char** arguments, const CommandLine& line)
+{
+    const std::unique_ptr<RemoteControl> remote = makeRemoteControl();
+    const RemoteRequest request = {line.command.value_or(RemoteCommand::openHistory), takeStartupID()};
+    if (line.command) {
+        // Reaching the running program needs no display, and is quicker without one.
+        const QCoreApplication client(argumentCount, arguments);
+        if (const auto status = passOn(*remote, request))
+            return *status;
+    }
+
+    if (!displayIsAvailable())
+        return complain("needs a desktop: there is no X server at DISPLAY.");
+    QApplication::setQuitOnLastWindowClosed(false);
+    const QApplication application(argumentCount, arguments);
+    QApplication::setApplicationName(QStringLiteral("tessel-clipboard"));
+    QApplication::setApplicationDisplayName(QStringLiteral("Tessel Clipboard"));
+    QApplication::setApplicationVersion(QStringLiteral(TESSEL_VERSION));
+
+    std::optional<TesselClipboardApp> app;
+    const Claim claim = remote->claim([&app](const RemoteRequest& received) {
+        if (app)
+            app->obey(received);
+    });
+    if (claim == Claim::takenByAnother)
+        return passOn(*remote, request).value_or(EXIT_FAILURE);
+    if (claim == Claim::noChannel)
+        complain("has no session bus: a second start and the options cannot reach this process.");
+
+    app.emplace(request.startupID);
+    if (line.command)
+        app->obey(request);
+    return QApplication::exec();
+}
+
+int start(int argumentCount, char** arguments)
+{
+    const CommandLine line = parseCommandLine(
+        {arguments + 1, static_cast<std::size_t>(argumentCount > 0 ? argumentCount - 1 : 0)});
+    switch (line.purpose) {
+    case CommandLine::Purpose::version:
+        std::puts("Tessel Clipboard " TESSEL_VERSION);
+        return EXIT_SUCCESS;
+    case CommandLine::Purpose::help:
+        std::fputs(helpText().data(), stdout);
+        return EXIT_SUCCESS;
+    case CommandLine::Purpose::invalid:
+        std::fprintf(stderr, "Tessel Clipboard does not know \"%s\". Try --help.\n", line.offender.c_str());
+        return EXIT_FAILURE;
+    case CommandLine::Purpose::run:
+        break;
+    }
+    return run(argumentCount, arguments, line);
+}
+
+} // namespace
+
+} // namespace tessel
+
+int main(int argumentCount, char** arguments)
+{
+    return tessel::start(argumentCount, arguments);
+}

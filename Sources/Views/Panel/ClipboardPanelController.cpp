@@ -1,0 +1,152 @@
+#include "Panel/ClipboardPanelController.h"
+
+#include <utility>
+
+#include "Panel/ClipboardPanelView.h"
+#include "Panel/PanelArtwork.h"
+#include "Panel/ScreenSpace.h"
+
+namespace tessel {
+
+namespace {
+
+/// Applies the steps of a panel's configuration, one after the other.
+class PanelConfiguration {
+public:
+    PanelConfiguration(ClipboardPanelWindow& window, ClipboardPanelView* view)
+        : window_(window)
+        , view_(view)
+    {
+        traits_.becomesMain = window.canBecomeMain();
+    }
+
+    const PanelTraits& traits() const { return traits_; }
+
+    void operator()(PanelStep::FloatingPanel step) { traits_.floatsAboveOthers = step.on; }
+    void operator()(PanelStep::Level step)
+    {
+        constexpr int floatingWindowLevel = 3;
+        traits_.floatsAboveOthers = step.value >= floatingWindowLevel;
+    }
+    void operator()(PanelStep::CollectionBehavior step)
+    {
+        constexpr std::uint64_t canJoinAllSpaces = 0x1;
+        constexpr std::uint64_t fullScreenAuxiliary = 0x100;
+        traits_.joinsAllSpaces = (step.mask & canJoinAllSpaces) != 0;
+        traits_.overFullScreen = (step.mask & fullScreenAuxiliary) != 0;
+    }
+    void operator()(PanelStep::HasShadow step) { traits_.hasShadow = step.on; }
+    void operator()(PanelStep::MovableByWindowBackground step)
+    {
+        using enum ClipboardPanelWindow::Dragging;
+        window_.setDragging(step.on ? byBackground : byTitleBar);
+    }
+    void operator()(PanelStep::Opaque step) { window_.setAttribute(Qt::WA_TranslucentBackground, !step.on); }
+    void operator()(PanelStep::ClearBackground) { window_.setAttribute(Qt::WA_NoSystemBackground); }
+    void operator()(PanelStep::ContentViewController) { window_.setContentView(view_); }
+
+private:
+    ClipboardPanelWindow& window_;
+    ClipboardPanelView* view_;
+    PanelTraits traits_;
+};
+
+} // namespace
+
+ClipboardPanelController::ClipboardPanelController(AppState& appState, const PanelDescription& description,
+                                                   NativeWindows& nativeWindows, Application& application,
+                                                   std::shared_ptr<PanelArtwork> artwork)
+    : nativeWindows_(nativeWindows)
+    , application_(application)
+    , window_(new ClipboardPanelWindow)
+    , activityObservation_(application.observeActivity([this] { activityDidChange(); }))
+{
+    window_->setGeometry(screenSpace::toToolkit(description.contentRect));
+    configure(description, new ClipboardPanelView(appState, std::move(artwork), window_.get()));
+}
+
+void ClipboardPanelController::Retirement::operator()(ClipboardPanelWindow* window) const
+{
+    window->hide();
+    window->deleteLater();
+}
+
+void ClipboardPanelController::configure(const PanelDescription& description, ClipboardPanelView* view)
+{
+    PanelConfiguration configuration(*window_, view);
+    for (const PanelConfigurationStep& step : description.configuration)
+        std::visit(configuration, step);
+    nativeWindows_.preparePanel(handle(), configuration.traits());
+}
+
+NativeWindowHandle ClipboardPanelController::handle() const
+{
+    return NativeWindowHandle{static_cast<std::uintptr_t>(window_->winId())};
+}
+
+void ClipboardPanelController::showWindow()
+{
+    applyGeometry();
+    window_->setWindowBlending(nativeWindows_.blendsTranslucentWindows() ? WindowBlending::translucent
+                                                                         : WindowBlending::opaque);
+    window_->show();
+}
+
+void ClipboardPanelController::close()
+{
+    window_->hide();
+}
+
+void ClipboardPanelController::makeKeyAndOrderFront()
+{
+    if (!window_->isVisible())
+        showWindow();
+    nativeWindows_.makeKeyAndOrderFront(handle());
+}
+
+QRect ClipboardPanelController::geometry() const
+{
+    return nextGeometry_.value_or(window_->geometry());
+}
+
+Rect ClipboardPanelController::frame() const
+{
+    return screenSpace::fromToolkit(geometry());
+}
+
+void ClipboardPanelController::setContentSize(Size size)
+{
+    // The top edge stays where it is.
+    setGeometry({geometry().topLeft(), QSize(qRound(size.width), qRound(size.height))});
+}
+
+void ClipboardPanelController::setFrameOrigin(Point origin)
+{
+    setGeometry(screenSpace::toToolkit({origin, frame().size}));
+}
+
+void ClipboardPanelController::setGeometry(const QRect& geometry)
+{
+    const bool isScheduled = nextGeometry_.has_value();
+    nextGeometry_ = geometry;
+    if (!window_->isVisible())
+        return applyGeometry();
+    if (isScheduled)
+        return;
+    QMetaObject::invokeMethod(
+        this, [this] { applyGeometry(); }, Qt::QueuedConnection);
+}
+
+void ClipboardPanelController::applyGeometry()
+{
+    if (const auto geometry = std::exchange(nextGeometry_, std::nullopt))
+        window_->setGeometry(*geometry);
+}
+
+void ClipboardPanelController::activityDidChange()
+{
+    if (!application_.isActive())
+        window_->hide();
+}
+
+} // namespace tessel

@@ -1,0 +1,301 @@
+#include "Panel/ClipboardPanelView.h"
+
+#include <QtGui/QContextMenuEvent>
+#include <QtGui/QKeyEvent>
+
+#include <utility>
+
+#include "AppState.h"
+#include "Panel/CardEdgeView.h"
+#include "Panel/ColorView.h"
+#include "Panel/EmptyStateView.h"
+#include "Panel/KeyCaptureView.h"
+#include "Panel/PanelArtwork.h"
+#include "Panel/PanelHeader.h"
+#include "Panel/PanelSelection.h"
+#include "Panel/PanelStyle.h"
+#include "Panel/RowContextMenu.h"
+#include "Panel/VisualEffectBlurView.h"
+
+namespace tessel {
+
+namespace {
+
+constexpr VisualEffectBlurView backdrop = {VisualEffectMaterial::hudWindow,
+                                           VisualEffectBlendingMode::behindWindow};
+
+std::vector<UUID> identifiers(const History& items)
+{
+    std::vector<UUID> identifiers;
+    identifiers.reserve(items.size());
+    for (const ClipboardItem& item : items)
+        identifiers.push_back(item.id);
+    return identifiers;
+}
+
+} // namespace
+
+ClipboardPanelView::ClipboardPanelView(AppState& appState, std::shared_ptr<PanelArtwork> artwork,
+                                       QWidget* parent)
+    : QWidget(parent)
+    , appState_(appState.weak_from_this())
+    , artwork_(std::move(artwork))
+    , material_(backdrop.makeView(this))
+    , tint_(new ColorView(this))
+    , keyCapture_(keyboardEventBridge().makeView(this))
+    , list_(new ClipboardListView(artwork_, listActions(), keyCapture_))
+    , header_(new PanelHeader(artwork_->fonts(), {[this] { closePanel(); }, [this] { clearAll(); }}, this))
+    , edge_(new CardEdgeView(artwork_, this))
+    , observation_(appState.observe([this] { updateLater(); }))
+{
+    keyCapture_->setAccessibleName(tr("Clipboard history"));
+}
+
+ClipboardPanelView::~ClipboardPanelView() = default;
+
+// What is shown
+
+void ClipboardPanelView::updateLater()
+{
+    // A hidden panel costs nothing: it is brought up to date when it appears.
+    if (updateIsPending_ || !isVisible())
+        return;
+    updateIsPending_ = true;
+    QMetaObject::invokeMethod(
+        this,
+        [this] {
+            if (std::exchange(updateIsPending_, false))
+                updateNow();
+        },
+        Qt::QueuedConnection);
+}
+
+void ClipboardPanelView::updateNow()
+{
+    updateIsPending_ = false;
+    const auto state = appState_.lock();
+    if (!state)
+        return;
+    const History ordered = state->orderedHistory();
+    backdrop.updateView(*material_);
+    material_->setWindowBlending(blending_);
+    tint_->setColor(panelStyle::black(*state->panelTintOpacity));
+    header_->setItemCount(ordered.size());
+    showSections(ordered);
+    keyboardEventBridge().updateView(*keyCapture_);
+
+    if (auto ids = identifiers(ordered); ids != shownItemIDs_) {
+        shownItemIDs_ = std::move(ids);
+        ensureSelection(ordered);
+    }
+    if (std::exchange(revealsSelectionNext_, false) && selectedItemID_)
+        list_->reveal(*selectedItemID_);
+}
+
+void ClipboardPanelView::showSections(const History& ordered)
+{
+    const auto state = appState_.lock();
+    History pinnedItems;
+    History recentItems;
+    for (const ClipboardItem& item : ordered)
+        (state->pinnedItemIDs->contains(item.id) ? pinnedItems : recentItems).push_back(item);
+    list_->setItems(pinnedItems, recentItems);
+
+    const bool isEmpty = ordered.empty();
+    if (isEmpty && emptyState_ == nullptr) {
+        emptyState_ = new EmptyStateView(artwork_->fonts(), keyCapture_);
+        emptyState_->setGeometry(keyCapture_->rect());
+    }
+    if (emptyState_ != nullptr)
+        emptyState_->setVisible(isEmpty);
+    list_->setVisible(!isEmpty);
+}
+
+void ClipboardPanelView::setWindowBlending(WindowBlending blending)
+{
+    blending_ = blending;
+    material_->setWindowBlending(blending);
+}
+
+void ClipboardPanelView::showEvent(QShowEvent*)
+{
+    updateNow();
+    if (const auto state = appState_.lock())
+        ensureSelection(state->orderedHistory());
+}
+
+void ClipboardPanelView::hideEvent(QHideEvent*)
+{
+    setHoveredItemID(std::nullopt);
+    if (contextMenu_)
+        contextMenu_->close();
+}
+
+void ClipboardPanelView::resizeEvent(QResizeEvent*)
+{
+    const int headerHeight = header_->sizeHint().height();
+    material_->setGeometry(rect());
+    tint_->setGeometry(rect());
+    edge_->setGeometry(rect());
+    header_->setGeometry(0, 0, width(), headerHeight);
+    keyCapture_->setGeometry(0, headerHeight, width(), height() - headerHeight);
+    list_->setGeometry(keyCapture_->rect());
+    if (emptyState_ != nullptr)
+        emptyState_->setGeometry(keyCapture_->rect());
+}
+
+// Selection and hover
+
+void ClipboardPanelView::ensureSelection(const History& ordered)
+{
+    const auto id = ensuredSelection(ordered, selectedItemID_);
+    if (id != selectedItemID_)
+        setSelectedItemID(id, Reveal::yes);
+}
+
+void ClipboardPanelView::moveSelection(int step)
+{
+    if (const auto state = appState_.lock())
+        setSelectedItemID(movedSelection(state->orderedHistory(), selectedItemID_, step), Reveal::yes);
+}
+
+void ClipboardPanelView::selectItem(UUID id)
+{
+    setSelectedItemID(id, Reveal::no);
+}
+
+void ClipboardPanelView::setSelectedItemID(std::optional<UUID> id, Reveal reveal)
+{
+    selectedItemID_ = id;
+    list_->setSelectedItemID(id);
+    if (id && reveal == Reveal::yes)
+        list_->reveal(*id);
+}
+
+void ClipboardPanelView::pointerEntered(UUID id)
+{
+    setHoveredItemID(id);
+}
+
+void ClipboardPanelView::pointerLeft(UUID)
+{
+    setHoveredItemID(std::nullopt);
+}
+
+void ClipboardPanelView::setHoveredItemID(std::optional<UUID> id)
+{
+    hoveredItemID_ = id;
+    list_->setHoveredItemID(id);
+}
+
+// Actions
+
+template <class Operation>
+void ClipboardPanelView::withItem(std::optional<UUID> id, Operation operation)
+{
+    const auto state = appState_.lock();
+    if (!state)
+        return;
+    const History ordered = state->orderedHistory();
+    if (const ClipboardItem* item = tessel::selectedItem(ordered, id))
+        operation(*state, *item);
+}
+
+KeyboardEventBridge ClipboardPanelView::keyboardEventBridge()
+{
+    return {
+        .onUp = [this] { moveSelection(-1); },
+        .onDown = [this] { moveSelection(1); },
+        .onEnter =
+            [this] {
+                withItem(selectedItemID_,
+                         [](AppState& state, const ClipboardItem& item) { state.copyAndPaste(item); });
+            },
+        .onEscape = [this] { closePanel(); },
+        .onDelete =
+            [this] {
+                withItem(selectedItemID_,
+                         [](AppState& state, const ClipboardItem& item) { state.removeItem(item); });
+            },
+        .onPinToggle =
+            [this] {
+                revealsSelectionNext_ = true;
+                withItem(selectedItemID_,
+                         [](AppState& state, const ClipboardItem& item) { state.togglePinned(item); });
+            },
+    };
+}
+
+ClipboardListView::Actions ClipboardPanelView::listActions()
+{
+    return {
+        .onClick = [this](UUID id) { selectItem(id); },
+        .onDoubleClick = [this](UUID id) { pasteItem(id); },
+        .onPointerEntered = [this](UUID id) { pointerEntered(id); },
+        .onPointerLeft = [this](UUID id) { pointerLeft(id); },
+        .onContextMenu = [this](UUID id, QPoint place) { showContextMenu(id, place); },
+    };
+}
+
+void ClipboardPanelView::pasteItem(UUID id)
+{
+    withItem(id, [](AppState& state, const ClipboardItem& item) { state.copyAndPaste(item); });
+}
+
+void ClipboardPanelView::closePanel()
+{
+    if (const auto state = appState_.lock())
+        closeAndDrop(state->panelController);
+}
+
+void ClipboardPanelView::clearAll()
+{
+    if (const auto state = appState_.lock())
+        state->clearHistory();
+}
+
+RowContextMenu* ClipboardPanelView::contextMenu() const
+{
+    return contextMenu_;
+}
+
+void ClipboardPanelView::showContextMenu(UUID id, QPoint place)
+{
+    const auto state = appState_.lock();
+    if (!state)
+        return;
+    const auto calling = [this, id](void (AppState::*operation)(const ClipboardItem&)) {
+        return [this, id, operation] {
+            withItem(id, [operation](AppState& appState, const ClipboardItem& item) {
+                (appState.*operation)(item);
+            });
+        };
+    };
+    const auto pin =
+        state->pinnedItemIDs->contains(id) ? RowContextMenu::Pin::pinned : RowContextMenu::Pin::unpinned;
+    contextMenu_ = new RowContextMenu(pin, blending_,
+                                      {.onCopy = calling(&AppState::copyToClipboard),
+                                       .onPinToggle = calling(&AppState::togglePinned),
+                                       .onDelete = calling(&AppState::removeItem)},
+                                      this);
+    contextMenu_->popup(place);
+}
+
+void ClipboardPanelView::contextMenuEvent(QContextMenuEvent* event)
+{
+    if (event->reason() != QContextMenuEvent::Keyboard || !selectedItemID_)
+        return event->ignore();
+    list_->reveal(*selectedItemID_);
+    if (const auto row = list_->rowRectangle(*selectedItemID_))
+        showContextMenu(*selectedItemID_, list_->mapToGlobal(row->center()));
+}
+
+void ClipboardPanelView::keyPressEvent(QKeyEvent* event)
+{
+    // The system's exit command, whatever key that is.
+    if (event->matches(QKeySequence::Cancel) || event->key() == Qt::Key_Cancel)
+        return closePanel();
+    QWidget::keyPressEvent(event);
+}
+
+} // namespace tessel

@@ -1,0 +1,53 @@
+#pragma once
+
+#include <optional>
+
+#include <QtWidgets/QWidget>
+
+#include "Panel/VisualEffectView.h"
+
+namespace tessel {
+
+class ClipboardPanelView;
+
+/// The window of the history panel: borderless, and yet able to take the keyboard focus.
+class ClipboardPanelWindow : public QWidget {
+    Q_OBJECT
+
+public:
+    enum class Dragging { byTitleBar, byBackground };
+
+    ClipboardPanelWindow();
+
+    bool canBecomeKey() const { return true; }
+    bool canBecomeMain() const { return false; }
+
+    void setDragging(Dragging dragging) { dragging_ = dragging; }
+    /// Takes ownership. The view fills the window.
+    void setContentView(ClipboardPanelView* view);
+    ClipboardPanelView* contentView() const { return contentView_; }
+    /// Where nothing shines through windows their corners are cut by shape.
+    void setWindowBlending(WindowBlending blending);
+
+protected:
+    void resizeEvent(QResizeEvent* event) override;
+    void closeEvent(QCloseEvent* event) override;
+    void mousePressEvent(QMouseEvent* event) override;
+    void mouseMoveEvent(QMouseEvent* event) override;
+    void mouseReleaseEvent(QMouseEvent* event) override;
+
+private:
+    struct Drag {
+        QPoint pointer; ///< Where the button went down, on the screen.
+        QPoint window;  ///< Where the window was then.
+    };
+
+    void shapeCorners();
+
+    Dragging dragging_ = Dragging::byTitleBar;
+    WindowBlending blending_ = WindowBlending::translucent;
+    ClipboardPanelView* contentView_ = nullptr;
+    std::optional<Drag> drag_;
+};
+
+} // namespace tessel

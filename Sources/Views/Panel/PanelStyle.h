@@ -1,0 +1,170 @@
+#pragma once
+
+#include <QtGui/QColor>
+#include <QtGui/QFont>
+
+/// Every measure of the history panel's look, in points (one point is one logical pixel), and every colour.
+namespace tessel::panelStyle {
+
+/// White or black at an opacity, 0 to 1.
+inline QColor white(double opacity)
+{
+    return QColor::fromRgbF(1, 1, 1, static_cast<float>(opacity));
+}
+inline QColor black(double opacity)
+{
+    return QColor::fromRgbF(0, 0, 0, static_cast<float>(opacity));
+}
+
+/// A text of the panel: the system font in one size and weight.
+struct Text {
+    double size;
+    QFont::Weight weight = QFont::Normal;
+    double tracking = 0; ///< Added to each letter.
+};
+
+/// The platform's named text styles that the panel uses.
+inline constexpr double calloutSize = 12;
+inline constexpr double captionSize = 10;
+inline constexpr double caption2Size = 10;
+
+namespace card {
+inline constexpr int width = 460;
+inline constexpr double cornerRadius = 14;
+inline constexpr double outlineWidth = 1;
+inline constexpr double outlineOpacity = 0.14;
+} // namespace card
+
+/// The material behind the panel: a dark grey, as a heads-up display has it.
+namespace material {
+inline constexpr int red = 30;
+inline constexpr int green = 30;
+inline constexpr int blue = 32;
+/// Enough for white text over a white desktop, little enough to see what is behind.
+inline constexpr double opacity = 0.78;
+} // namespace material
+
+namespace header {
+inline constexpr int horizontalPadding = 12;
+inline constexpr int topPadding = 12;
+inline constexpr int bottomPadding = 10;
+inline constexpr int spacing = 10;
+inline constexpr int textSpacing = 2;
+inline constexpr Text title = {17, QFont::DemiBold};
+inline constexpr double titleOpacity = 1;
+inline constexpr Text itemCount = {captionSize};
+inline constexpr double itemCountOpacity = 0.65;
+} // namespace header
+
+namespace headerAction {
+inline constexpr Text label = {12, QFont::Medium};
+inline constexpr double labelOpacity = 0.75;
+inline constexpr int horizontalPadding = 8;
+inline constexpr int verticalPadding = 4;
+inline constexpr double fillOpacity = 0.08;
+/// The whole button while it is pressed, in place of platform chrome.
+inline constexpr double pressedOpacity = 0.6;
+} // namespace headerAction
+
+namespace emptyState {
+inline constexpr int spacing = 6;
+inline constexpr Text title = {calloutSize, QFont::Medium};
+inline constexpr double titleOpacity = 1;
+inline constexpr Text hint = {captionSize};
+inline constexpr double hintOpacity = 0.65;
+} // namespace emptyState
+
+namespace list {
+inline constexpr int horizontalPadding = 8;
+inline constexpr int topPadding = 4;
+inline constexpr int bottomPadding = 18;
+inline constexpr int spacing = 10;
+/// The invisible end of the list.
+inline constexpr int endSpacer = 16;
+} // namespace list
+
+namespace sectionHeader {
+inline constexpr Text caption = {11, QFont::DemiBold, 0.6};
+inline constexpr double opacity = 0.55;
+inline constexpr int horizontalPadding = 6;
+inline constexpr int topPadding = 6;
+} // namespace sectionHeader
+
+namespace row {
+inline constexpr int horizontalPadding = 10;
+inline constexpr int verticalPadding = 9;
+/// Between the preview, the texts and the flexible space after them.
+inline constexpr int spacing = 10;
+inline constexpr int textSpacing = 4;
+inline constexpr Text title = {13.5};
+inline constexpr double titleOpacity = 1;
+inline constexpr int titleLines = 2;
+inline constexpr Text metadata = {caption2Size};
+inline constexpr double metadataOpacity = 0.62;
+inline constexpr int metadataSpacing = 8;
+inline constexpr double cornerRadius = 10;
+inline constexpr double fillOpacity = 0.10;
+inline constexpr double hoveredFillOpacity = 0.14;
+inline constexpr double outlineWidth = 1.0;
+inline constexpr double outlineOpacity = 0.10;
+inline constexpr double selectedOutlineWidth = 1.5;
+inline constexpr double selectedOutlineOpacity = 0.55;
+inline constexpr double shadowOpacity = 0.18;
+inline constexpr double shadowBlurRadius = 4;
+inline constexpr double shadowOffset = 2; ///< Downwards.
+} // namespace row
+
+namespace preview {
+inline constexpr int side = 32;
+inline constexpr double cornerRadius = 6;
+inline constexpr int glyphSide = 20;
+inline constexpr double glyphOpacity = 0.75;
+inline constexpr double fillOpacity = 0.12;
+} // namespace preview
+
+/// The symbol between kind and time, in the size that its text style gives it.
+namespace pin {
+inline constexpr double width = 8;
+inline constexpr double height = 11;
+} // namespace pin
+
+/// The thin knob at the right edge, inside the list's padding.
+namespace scrollIndicator {
+inline constexpr double thickness = 4;
+inline constexpr double edgeInset = 2;
+inline constexpr double topInset = 4;
+/// Keeps the knob out of the card's round corner.
+inline constexpr double bottomInset = 12;
+inline constexpr double minimumLength = 28;
+inline constexpr double opacity = 0.30;
+inline constexpr double pressedOpacity = 0.50;
+} // namespace scrollIndicator
+
+/// The context menu of a row, in the panel's look.
+namespace menu {
+inline constexpr int red = 44;
+inline constexpr int green = 44;
+inline constexpr int blue = 46;
+inline constexpr float opacity = 0.97F;
+inline constexpr double cornerRadius = 9;
+inline constexpr double outlineWidth = 1;
+inline constexpr double outlineOpacity = 0.16;
+inline constexpr int margin = 5;
+inline constexpr Text item = {13};
+inline constexpr double textOpacity = 0.92;
+inline constexpr int itemHeight = 24;
+inline constexpr int itemPadding = 10;
+inline constexpr int minimumItemWidth = 120;
+inline constexpr double itemCornerRadius = 5;
+/// Readable on the card, and as a highlight under white text.
+inline QColor destructiveText()
+{
+    return {255, 105, 97};
+}
+inline QColor destructiveHighlight()
+{
+    return {208, 50, 44};
+}
+} // namespace menu
+
+} // namespace tessel::panelStyle

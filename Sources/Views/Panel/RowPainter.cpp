@@ -1,0 +1,152 @@
+#include "Panel/RowPainter.h"
+
+#include <QtGui/QFontMetricsF>
+#include <QtGui/QPainter>
+
+#include <algorithm>
+
+#include "Panel/PanelStyle.h"
+#include "Support/ContinuousCorners.h"
+#include "Support/DevicePixels.h"
+
+namespace tessel {
+
+using namespace panelStyle;
+
+namespace {
+
+/// What the preview takes of a row's width.
+constexpr int previewAdvance = preview::side + row::spacing;
+
+int textHeight(const PanelFonts& fonts, int titleLines)
+{
+    return titleLines * fonts.rowTitle.lineHeight + row::textSpacing + fonts.rowMetadata.lineHeight;
+}
+
+PanelArtwork::RowState frameState(const RowAppearance& appearance)
+{
+    using enum PanelArtwork::RowState;
+    if (appearance.isSelected)
+        return appearance.isHovered ? selectedAndHovered : selected;
+    return appearance.isHovered ? hovered : plain;
+}
+
+/// Refers to the thumbnail's pixels. Null: there is no picture.
+QImage pictureOf(const Thumbnail& thumbnail)
+{
+    constexpr auto pixelCount = static_cast<std::size_t>(Thumbnail::side) * Thumbnail::side;
+    if (thumbnail.pixels.size() != pixelCount)
+        return {};
+    constexpr auto bytesPerLine = Thumbnail::side * static_cast<qsizetype>(sizeof(std::uint32_t));
+    return {reinterpret_cast<const uchar*>(thumbnail.pixels.data()), Thumbnail::side, Thumbnail::side,
+            bytesPerLine, QImage::Format_ARGB32_Premultiplied};
+}
+
+} // namespace
+
+int rowHeight(const PanelFonts& fonts, bool isImage, int titleLines)
+{
+    const int content = textHeight(fonts, titleLines);
+    return 2 * row::verticalPadding + (isImage ? std::max(content, preview::side) : content);
+}
+
+int sectionHeaderHeight(const PanelFonts& fonts)
+{
+    return sectionHeader::topPadding + fonts.sectionHeader.lineHeight;
+}
+
+double rowTitleWidth(bool isImage)
+{
+    constexpr int content = card::width - 2 * list::horizontalPadding - 2 * row::horizontalPadding;
+    return content - row::spacing - (isImage ? previewAdvance : 0);
+}
+
+RowPainter::RowPainter(QPainter& painter, PanelArtwork& artwork)
+    : painter_(painter)
+    , fonts_(artwork.fonts())
+    , pictures_(artwork.pictures(devicePixelRatio(painter)))
+{}
+
+void RowPainter::drawRow(const QRectF& rectangle, const ClipboardItem& item, const RowText& text,
+                         const RowAppearance& appearance)
+{
+    drawRowFrame(rectangle, appearance);
+    QPointF topLeft = rectangle.topLeft() + QPointF(row::horizontalPadding, row::verticalPadding);
+    if (item.isImage()) {
+        drawPreviewIcon(topLeft, item);
+        topLeft.rx() += previewAdvance;
+    }
+
+    painter_.setPen(white(row::titleOpacity));
+    text.title.draw(painter_, topLeft + QPointF(0, fonts_.rowTitle.ascent), fonts_.rowTitle.lineHeight);
+    topLeft.ry() += text.title.lineCount() * fonts_.rowTitle.lineHeight + row::textSpacing;
+    drawMetadata(topLeft, text, appearance.isPinned);
+}
+
+void RowPainter::drawRowFrame(const QRectF& rectangle, const RowAppearance& appearance)
+{
+    pictures_.row(frameState(appearance)).draw(painter_, alignedToDevicePixels(painter_, rectangle));
+}
+
+void RowPainter::drawMetadata(QPointF topLeft, const RowText& text, bool isPinned)
+{
+    const TextStyle& style = fonts_.rowMetadata;
+    const QPointF baseline = topLeft + QPointF(0, style.ascent);
+    painter_.setFont(style.font);
+    painter_.setPen(white(row::metadataOpacity));
+    painter_.drawText(baseline, text.kind);
+    double x = baseline.x() + QFontMetricsF(style.font).horizontalAdvance(text.kind) + row::metadataSpacing;
+
+    if (isPinned) {
+        const QRectF symbol(x, topLeft.y() + (style.lineHeight - pin::height) / 2, pin::width, pin::height);
+        painter_.drawImage(alignedToDevicePixels(painter_, symbol).topLeft(), pictures_.pin);
+        x += pin::width + row::metadataSpacing;
+    }
+    painter_.drawText(QPointF(x, baseline.y()), text.time);
+}
+
+void RowPainter::drawPreviewIcon(const QPointF& topLeft, const ClipboardItem& item)
+{
+    const QRectF frame = alignedToDevicePixels(painter_, {topLeft, QSizeF(preview::side, preview::side)});
+    if (const auto* image = std::get_if<SharedImage>(&item.content))
+        drawThumbnail(frame, (*image)->thumbnail());
+    else
+        drawGlyph(frame);
+}
+
+void RowPainter::drawThumbnail(const QRectF& frame, const Thumbnail& thumbnail)
+{
+    const QImage picture = pictureOf(thumbnail);
+    QBrush brush(white(preview::fillOpacity));
+    if (!picture.isNull()) {
+        brush = QBrush(picture);
+        brush.setTransform(QTransform::fromTranslate(frame.left(), frame.top())
+                               .scale(frame.width() / picture.width(), frame.height() / picture.height()));
+    }
+    painter_.save();
+    painter_.setRenderHints(QPainter::Antialiasing | QPainter::SmoothPixmapTransform);
+    painter_.fillPath(continuousRoundedRectangle(frame, preview::cornerRadius), brush);
+    painter_.restore();
+}
+
+void RowPainter::drawGlyph(const QRectF& frame)
+{
+    constexpr int padding = (preview::side - preview::glyphSide) / 2;
+    painter_.save();
+    painter_.setRenderHint(QPainter::Antialiasing);
+    painter_.fillPath(continuousRoundedRectangle(frame, preview::cornerRadius), white(preview::fillOpacity));
+    painter_.drawImage(frame.topLeft() + QPointF(padding, padding), pictures_.textGlyph);
+    painter_.restore();
+}
+
+void RowPainter::drawSectionHeader(const QRectF& rectangle, const QString& title)
+{
+    const TextStyle& style = fonts_.sectionHeader;
+    painter_.setFont(style.font);
+    painter_.setPen(white(sectionHeader::opacity));
+    painter_.drawText(rectangle.topLeft() +
+                          QPointF(sectionHeader::horizontalPadding, sectionHeader::topPadding + style.ascent),
+                      title.toUpper());
+}
+
+} // namespace tessel

@@ -1,0 +1,58 @@
+#pragma once
+
+#include <QtCore/QRectF>
+#include <QtCore/QString>
+
+#include "History/ClipboardItem.h"
+#include "Panel/PanelArtwork.h"
+#include "Panel/RowTitle.h"
+
+class QPainter;
+
+namespace tessel {
+
+/// The texts of one row, laid out.
+struct RowText {
+    RowTitle title;
+    QString kind;
+    QString time;
+};
+
+/// What changes in a row without its entry changing.
+struct RowAppearance {
+    bool isPinned = false;
+    bool isSelected = false;
+    bool isHovered = false;
+};
+
+/// The height of a row in points.
+int rowHeight(const PanelFonts& fonts, bool isImage, int titleLines);
+int sectionHeaderHeight(const PanelFonts& fonts);
+/// The width that a row of the panel has for its title, in points.
+double rowTitleWidth(bool isImage);
+
+/// Draws the building blocks of the panel's list.
+class RowPainter {
+public:
+    /// Both must outlive this object.
+    RowPainter(QPainter& painter, PanelArtwork& artwork);
+
+    void drawRow(const QRectF& rectangle, const ClipboardItem& item, const RowText& text,
+                 const RowAppearance& appearance);
+    /// The thumbnail of an image, the glyph of a text.
+    void drawPreviewIcon(const QPointF& topLeft, const ClipboardItem& item);
+    /// `title` is shown in upper case.
+    void drawSectionHeader(const QRectF& rectangle, const QString& title);
+
+private:
+    void drawRowFrame(const QRectF& rectangle, const RowAppearance& appearance);
+    void drawMetadata(QPointF topLeft, const RowText& text, bool isPinned);
+    void drawThumbnail(const QRectF& frame, const Thumbnail& thumbnail);
+    void drawGlyph(const QRectF& frame);
+
+    QPainter& painter_;
+    const PanelFonts& fonts_;
+    const PanelArtwork::Pictures& pictures_;
+};
+
+} // namespace tessel

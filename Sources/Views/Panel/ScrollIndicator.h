@@ -1,0 +1,36 @@
+#pragma once
+
+#include <optional>
+
+#include <QtCore/QRectF>
+
+class QPainter;
+
+namespace tessel {
+
+class ScrollPosition;
+
+/// The overlaid scroll indicator of the panel's list: a knob that shows which part is in view, and can be
+/// dragged.
+class ScrollIndicator {
+public:
+    /// Where the knob is in a view of that width. None: everything is in view.
+    static std::optional<QRectF> knob(const ScrollPosition& position, double viewWidth);
+    /// The strip in which a press takes hold of the indicator. None: everything is in view.
+    static std::optional<QRectF> track(const ScrollPosition& position, double viewWidth);
+
+    bool isHeld() const { return hold_.has_value(); }
+    /// Takes hold of the knob at that height of the view; beside it, the knob first jumps there.
+    void press(double y, const ScrollPosition& position);
+    void release() { hold_.reset(); }
+    /// The offset of a content whose held knob has been dragged to that height.
+    double offsetAt(double y, const ScrollPosition& position) const;
+
+    void paint(QPainter& painter, const ScrollPosition& position, double viewWidth) const;
+
+private:
+    /// The distance from the knob's top to where it is held.
+    std::optional<double> hold_;
+};
+
+} // namespace tessel

@@ -1,0 +1,16 @@
+#pragma once
+
+#include <QtCore/QRectF>
+
+class QPainter;
+
+namespace tessel {
+
+/// The rectangle moved to the nearest whole device pixels, in the painter's coordinates: what is drawn there
+/// is sharp at any scale. A painter that rotates gets the rectangle back as it is.
+QRectF alignedToDevicePixels(const QPainter& painter, const QRectF& rectangle);
+
+/// The number of device pixels to a point on that painter's device.
+double devicePixelRatio(const QPainter& painter);
+
+} // namespace tessel

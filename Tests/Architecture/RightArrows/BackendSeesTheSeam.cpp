@@ -1,0 +1,4 @@
+#include <QString>
+
+#include "Backend.h"
+#include "Platform.h"

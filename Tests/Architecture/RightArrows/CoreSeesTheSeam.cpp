@@ -1,0 +1,2 @@
+#include "AppState.h"
+#include "Platform.h"

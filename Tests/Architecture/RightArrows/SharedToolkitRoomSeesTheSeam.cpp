@@ -1,0 +1,2 @@
+#include "KeyEvent.h"
+#include "VirtualKeyEvent.h"

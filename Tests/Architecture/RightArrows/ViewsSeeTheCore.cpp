@@ -1,0 +1,4 @@
+#include <QWidget>
+
+#include "AppState.h"
+#include "VirtualKeyEvent.h"

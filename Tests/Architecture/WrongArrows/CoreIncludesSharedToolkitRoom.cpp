@@ -1,0 +1,1 @@
+#include "VirtualKeyEvent.h"

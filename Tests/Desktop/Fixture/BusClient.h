@@ -1,0 +1,32 @@
+#pragma once
+
+#include <chrono>
+#include <optional>
+#include <string>
+
+#include "Deadline.h"
+
+struct DBusConnection;
+
+namespace tessel::desktop {
+
+/// A client of a session bus, on a connection of its own. For one thread.
+class BusClient {
+public:
+    explicit BusClient(const std::string& address);
+    ~BusClient();
+    BusClient(const BusClient&) = delete;
+    BusClient& operator=(const BusClient&) = delete;
+
+    bool nameHasOwner(const std::string& name);
+    /// The process that owns a name; none if nobody does.
+    std::optional<pid_t> processOf(const std::string& name);
+    /// Asks an object for its properties, and returns whether any answer came until the deadline. Programs
+    /// answer this on the thread that the object lives on, which is the main thread of a Qt program.
+    bool askObject(const std::string& name, const std::string& path, Deadline deadline);
+
+private:
+    DBusConnection* connection_;
+};
+
+} // namespace tessel::desktop

@@ -1,0 +1,82 @@
+#pragma once
+
+#include <memory>
+#include <optional>
+#include <string>
+
+#include "ChildProcess.h"
+#include "Environment.h"
+#include "Keyboard.h"
+#include "Pixels.h"
+#include "Pointer.h"
+#include "SessionBus.h"
+#include "TemporaryDirectory.h"
+#include "VirtualDisplay.h"
+#include "WindowManager.h"
+#include "WindowSearch.h"
+#include "XConnection.h"
+
+namespace tessel::desktop {
+
+enum class BusChoice { sessionBus, none };
+enum class CompositorChoice { none, picom };
+
+struct DesktopOptions {
+    Extent screen{1280, 1024};
+    BusChoice bus = BusChoice::sessionBus;
+    CompositorChoice compositor = CompositorChoice::none;
+};
+
+/// A complete desktop of its own: a virtual X server, a session bus, a window manager, an empty home
+/// directory, a keyboard, a pointer and a screen to look at. It ends with this object.
+class Desktop {
+public:
+    explicit Desktop(DesktopOptions options = {});
+
+    /// The colour of the empty desktop; no program here paints it.
+    static constexpr Colour backgroundColour{38, 92, 110};
+
+    /// What programs on this desktop are started with.
+    const Environment& environment() const { return environment_; }
+    /// Holds the home directory and everything else that programs may write to.
+    const TemporaryDirectory& directory() const { return directory_; }
+    const std::string& displayName() const { return display_->name(); }
+    /// The address of the session bus; empty if there is none.
+    std::string busAddress() const { return bus_ ? bus_->address() : std::string(); }
+    Extent screen() const { return options_.screen; }
+
+    XConnection& connection() { return *connection_; }
+    Keyboard& keyboard() { return *keyboard_; }
+    Pointer& pointer() { return *pointer_; }
+    WindowSearch& windows() { return *windows_; }
+    Pixels& pixels() { return *pixels_; }
+
+private:
+    void startCompositor();
+
+    DesktopOptions options_;
+    TemporaryDirectory directory_;
+    Environment environment_;
+    std::optional<VirtualDisplay> display_;
+    std::optional<SessionBus> bus_;
+    std::optional<XConnection> connection_;
+    std::optional<WindowManager> windowManager_;
+    std::optional<ChildProcess> compositor_;
+    std::optional<Keyboard> keyboard_;
+    std::optional<Pointer> pointer_;
+    std::optional<WindowSearch> windows_;
+    std::optional<Pixels> pixels_;
+};
+
+/// What a command that has ended left behind.
+struct CommandResult {
+    ExitStatus status;
+    std::string output;
+    std::string errorOutput;
+};
+
+/// Runs a command to its end.
+CommandResult runCommand(std::vector<std::string> command, const Environment& environment,
+                         Deadline deadline = Deadline());
+
+} // namespace tessel::desktop

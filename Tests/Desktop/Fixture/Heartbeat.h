@@ -1,0 +1,49 @@
+#pragma once
+
+#include <atomic>
+#include <chrono>
+#include <string>
+#include <thread>
+#include <vector>
+
+namespace tessel::desktop {
+
+/// Where a program answers on its main thread: a name and an object of the session bus.
+struct BusAddress {
+    std::string name;
+    std::string path;
+};
+
+/// What a heartbeat has seen.
+struct HeartbeatReport {
+    std::size_t samples = 0;
+    std::chrono::microseconds median{};
+    std::chrono::microseconds percentile99{};
+    /// The longest time that the main thread took to answer: how long it was held up, plus one round trip.
+    std::chrono::microseconds longest{};
+};
+
+/// Asks a program's main thread for an answer about every millisecond, and records how long each answer took.
+/// A machine's own hiccups show in the heartbeat of an idle process at the same time, which is to be
+/// subtracted.
+class Heartbeat {
+public:
+    /// Begins at once; throws `DesktopFailure` if the program does not answer at all.
+    Heartbeat(const std::string& sessionBusAddress, BusAddress program);
+    ~Heartbeat();
+    Heartbeat(const Heartbeat&) = delete;
+    Heartbeat& operator=(const Heartbeat&) = delete;
+
+    /// Ends after the answer that is awaited, however long it takes. To be called once.
+    HeartbeatReport finish();
+
+private:
+    void listen(const std::string& sessionBusAddress, const BusAddress& program);
+
+    std::atomic<bool> isEnding_ = false;
+    std::atomic<bool> hasLost_ = false;
+    std::vector<std::chrono::microseconds> answers_;
+    std::thread thread_;
+};
+
+} // namespace tessel::desktop

@@ -1,0 +1,121 @@
+#include "Panel.h"
+
+#include <algorithm>
+#include <array>
+
+namespace tessel::desktop {
+
+Panel::Panel(Desktop& desktop, pid_t program)
+    : desktop_(desktop)
+    , program_(program)
+{}
+
+std::optional<WindowFacts> Panel::find() const
+{
+    return desktop_.windows().find([this](const WindowFacts& window) {
+        return window.isViewable && window.processIdentifier == program_ && window.frame.width == width;
+    });
+}
+
+WindowFacts Panel::waitUntilOpen(Deadline deadline)
+{
+    desktop_.connection().waitUntil(
+        "the panel on the screen", [this] { return isOpen(); }, deadline);
+    desktop_.connection().waitUntil(
+        "the panel to have the keyboard focus",
+        [this] {
+            const auto panel = find();
+            return panel && desktop_.windows().hasFocus(panel->window);
+        },
+        deadline);
+    desktop_.connection().waitUntil(
+        "the panel to be painted", [this] { return isPainted(); }, deadline);
+    return find().value();
+}
+
+void Panel::waitUntilClosed(Deadline deadline)
+{
+    desktop_.connection().waitUntil(
+        "the panel to be gone", [this] { return !isOpen(); }, deadline);
+}
+
+WindowFacts Panel::waitForHeight(int height, Deadline deadline)
+{
+    int seen = 0;
+    try {
+        desktop_.connection().waitUntil(
+            "the panel to be " + std::to_string(height) + " pixels high",
+            [&] {
+                const auto panel = find();
+                seen = panel ? panel->frame.height : 0;
+                return seen == height;
+            },
+            deadline);
+    } catch (const DesktopFailure& failure) {
+        throw DesktopFailure(std::string(failure.what()) + " (it is " + std::to_string(seen) + ")");
+    }
+    return find().value();
+}
+
+WindowFacts Panel::waitForFrame(const Frame& frame, Deadline deadline)
+{
+    Frame seen;
+    try {
+        desktop_.connection().waitUntil(
+            "the panel at " + frame.description(),
+            [&] {
+                const auto panel = find();
+                seen = panel ? panel->frame : Frame{};
+                return seen == frame;
+            },
+            deadline);
+    } catch (const DesktopFailure& failure) {
+        throw DesktopFailure(std::string(failure.what()) + " (it is at " + seen.description() + ")");
+    }
+    return find().value();
+}
+
+void Panel::waitUntilItDiffersFrom(const Picture& before, Deadline deadline)
+{
+    desktop_.connection().waitUntil(
+        "the panel to show something else", [&] { return isOpen() && picture() != before; }, deadline);
+}
+
+Picture Panel::picture() const
+{
+    const auto panel = find();
+    if (!panel)
+        throw DesktopFailure("the panel is not on the screen");
+    return desktop_.pixels().read(panel->frame);
+}
+
+bool Panel::isPainted() const
+{
+    // The title is white on the dark card, and it is painted together with everything else.
+    constexpr int headerHeight = 56;
+    constexpr std::uint8_t nearlyWhite = 215;
+    const auto panel = find();
+    if (!panel)
+        return false;
+    const auto header = desktop_.pixels().read({panel->frame.x, panel->frame.y, width / 2, headerHeight});
+    return std::any_of(header.pixels.begin(), header.pixels.end(), [](const Colour& colour) {
+        return std::min({colour[0], colour[1], colour[2]}) >= nearlyWhite;
+    });
+}
+
+int Panel::heightFor(std::size_t entryCount)
+{
+    constexpr std::array heights{220, 220, 262, 334, 406, 478, 550};
+    return heights[std::min(entryCount, heights.size() - 1)];
+}
+
+Frame Panel::frameBeside(Place pointer, std::size_t entryCount, Extent screen)
+{
+    constexpr int offset = 12;
+    const int height = heightFor(entryCount);
+    const int x = std::min(pointer.x + offset, screen.width - width);
+    const int y = std::min(pointer.y + offset, screen.height - height);
+    return {x, y, width, height};
+}
+
+} // namespace tessel::desktop

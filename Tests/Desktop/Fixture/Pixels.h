@@ -1,0 +1,28 @@
+#pragma once
+
+#include "Picture.h"
+#include "WindowSearch.h"
+#include "XConnection.h"
+
+namespace tessel::desktop {
+
+/// What is to be seen on the screen.
+class Pixels {
+public:
+    explicit Pixels(XConnection& connection);
+
+    /// The part of the screen inside `frame`, which must lie on the screen.
+    Picture read(const Frame& frame) const;
+    Picture readScreen() const;
+    /// The whole screen, once nothing on it has changed for a moment: a compositor paints a little later than
+    /// the programs.
+    Picture readQuietScreen() const;
+    Colour at(int x, int y) const;
+    /// Paints the empty desktop in one colour.
+    void paintBackground(Colour colour) const;
+
+private:
+    XConnection& connection_;
+};
+
+} // namespace tessel::desktop

@@ -1,0 +1,127 @@
+#pragma once
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <chrono>
+#include <optional>
+#include <string>
+#include <thread>
+
+#include "ClipboardReader.h"
+#include "CountedCopies.h"
+#include "Desktop.h"
+#include "Program.h"
+#include "TextClient.h"
+
+namespace tessel::desktop {
+
+using namespace std::chrono_literals;
+
+/// Tessel Clipboard on a desktop of its own. It has to end well after every test, without a sanitizer's
+/// complaint and with no key left down.
+class ProgramTest : public testing::Test {
+protected:
+    explicit ProgramTest(DesktopOptions options = {})
+        : desktop_(options)
+    {
+        // Away from everything, with room for the panel.
+        desktop_.pointer().moveTo(restingPlace);
+    }
+
+    void SetUp() override { program_.emplace(desktop_); }
+
+    void TearDown() override
+    {
+        EXPECT_FALSE(desktop_.keyboard().isAnyKeyDown()) << "a key was left down";
+        endProgram();
+    }
+
+    /// Ends the program, which has to succeed.
+    void endProgram()
+    {
+        if (!program_)
+            return;
+        const auto status = program_->quit();
+        EXPECT_TRUE(status.succeeded()) << status.description();
+        EXPECT_EQ(Program::sanitizerComplaint(program_->process().errorOutput()), "");
+        program_.reset();
+    }
+
+    void restartProgram()
+    {
+        endProgram();
+        program_.emplace(desktop_);
+    }
+
+    /// Waits for something that must not happen: there is nothing to await. Two polls of the clipboard fit
+    /// in.
+    static void letTheProgramTick() { std::this_thread::sleep_for(1500ms); }
+
+    /// Opens the panel, waits until it has the height for this many entries, and closes it.
+    void expectEntryCount(std::size_t count)
+    {
+        program_->openPanel();
+        program_->panel().waitForHeight(Panel::heightFor(count));
+        program_->closePanel();
+    }
+
+    /// Copies texts by the keys of an editor, and waits until each has become an entry.
+    void copyInEditor(TextClient& editor, const std::vector<std::string>& texts)
+    {
+        program_->openPanel();
+        const auto emptyPanel = program_->panel().picture();
+        program_->closePanel();
+        std::size_t count = 0;
+        for (const auto& text : texts) {
+            editor.activate();
+            editor.copyByKeys(text);
+            program_->openPanel();
+            program_->panel().waitForHeight(Panel::heightFor(++count));
+            if (count == 1)
+                program_->panel().waitUntilItDiffersFrom(emptyPanel);
+            program_->closePanel();
+        }
+    }
+
+    /// Copies texts without an editor, and leaves the panel closed.
+    void copyTexts(const std::vector<std::string>& texts)
+    {
+        program_->openPanel();
+        if (!copies_)
+            copies_.emplace(desktop_, *program_);
+        for (const auto& text : texts)
+            copies_->copyText(text);
+        program_->closePanel();
+    }
+
+    /// Opens the panel over an editor that has the focus, moves down and confirms.
+    void choose(int downPresses, std::chrono::milliseconds holdReturn = {})
+    {
+        program_->openPanel();
+        for (int press = 0; press < downPresses; ++press)
+            desktop_.keyboard().tap(XKB_KEY_Down);
+        desktop_.keyboard().tap(XKB_KEY_Return, holdReturn);
+        program_->panel().waitUntilClosed();
+    }
+
+    /// `text` is what one paste brought into an empty editor. What is typed afterwards comes behind every
+    /// other paste that may have been on its way.
+    void expectPastedOnce(TextClient& editor, const std::string& text)
+    {
+        editor.waitForText(text);
+        letTheProgramTick();
+        desktop_.keyboard().type("!");
+        editor.waitForText(text + "!");
+        EXPECT_EQ(editor.pasteCount(), 1);
+        EXPECT_TRUE(editor.hasFocus());
+    }
+
+    static constexpr Place restingPlace{40, 60};
+
+    Desktop desktop_;
+    std::optional<Program> program_;
+    std::optional<CountedCopies> copies_;
+};
+
+} // namespace tessel::desktop

@@ -1,0 +1,118 @@
+#include "Desktop/JSONDefaultsStore.h"
+
+#include <gtest/gtest.h>
+
+#include <QtCore/QDir>
+#include <QtCore/QFile>
+#include <QtCore/QJsonDocument>
+#include <QtCore/QTemporaryDir>
+
+namespace tessel {
+namespace {
+
+class JSONDefaultsStoreTest : public testing::Test {
+protected:
+    QString path() const { return directory_.filePath("tessel-clipboard/settings.json"); }
+
+    void write(const QByteArray& content) const
+    {
+        QDir().mkpath(directory_.filePath("tessel-clipboard"));
+        QFile file(path());
+        ASSERT_TRUE(file.open(QIODevice::WriteOnly));
+        file.write(content);
+    }
+
+    QByteArray read(const QString& name) const
+    {
+        QFile file(directory_.filePath("tessel-clipboard/" + name));
+        return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+    }
+
+    QJsonObject stored() const { return QJsonDocument::fromJson(read("settings.json")).object(); }
+
+    QStringList files() const { return QDir(directory_.filePath("tessel-clipboard")).entryList(QDir::Files); }
+
+    QTemporaryDir directory_;
+};
+
+TEST_F(JSONDefaultsStoreTest, AMissingFileHasNoValuesAndIsNotMadeByReading)
+{
+    const JSONDefaultsStore store(path());
+    EXPECT_EQ(store.string("a"), std::nullopt);
+    EXPECT_EQ(store.number("a"), std::nullopt);
+    EXPECT_FALSE(QFile::exists(path()));
+}
+
+TEST_F(JSONDefaultsStoreTest, ValuesComeBackInTheNextProcess)
+{
+    {
+        JSONDefaultsStore store(path());
+        store.setString("policy", "oneDay");
+        store.setDouble("opacity", 0.1 + 0.2);
+    }
+    const JSONDefaultsStore store(path());
+    EXPECT_EQ(store.string("policy"), "oneDay");
+    EXPECT_EQ(store.number("opacity"), 0.1 + 0.2);
+}
+
+TEST_F(JSONDefaultsStoreTest, TellsAMissingKeyAndAnotherTypeApartFromAValue)
+{
+    write(R"({"text": "900", "number": 900, "truth": true, "nothing": null, "list": [1]})");
+    const JSONDefaultsStore store(path());
+    EXPECT_EQ(store.number("text"), std::nullopt);
+    EXPECT_EQ(store.string("number"), std::nullopt);
+    for (const char* key : {"truth", "nothing", "list", "missing"}) {
+        EXPECT_EQ(store.number(key), std::nullopt) << key;
+        EXPECT_EQ(store.string(key), std::nullopt) << key;
+    }
+    EXPECT_EQ(store.string("text"), "900");
+    EXPECT_EQ(store.number("number"), 900);
+}
+
+TEST_F(JSONDefaultsStoreTest, ADamagedFileIsKeptAsideAndDefaultsApply)
+{
+    for (const char* damage : {"{\"policy\": ", "", "[1, 2]", "\xff\xfe{}"}) {
+        write(damage);
+        JSONDefaultsStore store(path());
+        EXPECT_EQ(store.string("policy"), std::nullopt);
+        EXPECT_FALSE(QFile::exists(path()));
+        store.setString("policy", "never");
+    }
+    EXPECT_EQ(stored().value("policy").toString(), "never");
+    EXPECT_EQ(read("settings.json.damaged"), "{\"policy\": ");
+    EXPECT_EQ(read("settings.json.damaged-3"), "[1, 2]");
+    EXPECT_EQ(files().size(), 5);
+}
+
+TEST_F(JSONDefaultsStoreTest, AWriteKeepsWhatTheUserHasEditedMeanwhile)
+{
+    JSONDefaultsStore store(path());
+    store.setString("policy", "never");
+    write(R"({"policy": "oneDay", "note": "mine"})");
+    store.setDouble("opacity", 0.5);
+    EXPECT_EQ(stored().value("policy").toString(), "oneDay");
+    EXPECT_EQ(stored().value("note").toString(), "mine");
+    EXPECT_EQ(stored().value("opacity").toDouble(), 0.5);
+}
+
+TEST_F(JSONDefaultsStoreTest, AStoreThatCannotWriteKeepsItsValues)
+{
+    // A file where the directory should be.
+    QFile obstacle(directory_.filePath("tessel-clipboard"));
+    ASSERT_TRUE(obstacle.open(QIODevice::WriteOnly));
+    JSONDefaultsStore store(path());
+    store.setString("policy", "oneDay");
+    EXPECT_EQ(store.string("policy"), "oneDay");
+}
+
+TEST_F(JSONDefaultsStoreTest, ADirectoryInTheFilesPlaceIsLeftAlone)
+{
+    QDir().mkpath(path());
+    JSONDefaultsStore store(path());
+    store.setString("policy", "oneDay");
+    EXPECT_EQ(store.string("policy"), "oneDay");
+    EXPECT_TRUE(QDir(path()).exists());
+}
+
+} // namespace
+} // namespace tessel

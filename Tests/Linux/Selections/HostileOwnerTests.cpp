@@ -1,0 +1,175 @@
+#include <csignal>
+
+#include "PasteboardFixture.h"
+#include "RawRequestor.h"
+
+namespace tessel {
+namespace {
+
+/// Owners that are slow, silent, dying or lying, each in a process of its own.
+class HostileOwners : public PasteboardOnX11 {
+protected:
+    /// Starts the owner and waits until it owns the clipboard.
+    void own(std::vector<std::string> arguments)
+    {
+        arguments.insert(arguments.begin(), TESSEL_SELECTION_OWNERS);
+        others_.push_back(ChildProcess::start(arguments, display().name()));
+        ASSERT_EQ(others_.back()->readLine(), "owned");
+    }
+    /// Waits for the one change that the owner makes.
+    void expectOneChange(std::int64_t before)
+    {
+        ASSERT_TRUE(loop_.runUntil([&] { return pasteboard_.changeCount() > before; }));
+        EXPECT_EQ(pasteboard_.changeCount(), before + 1);
+    }
+    void expectText(std::vector<std::string> arguments, const std::string& expected)
+    {
+        const std::int64_t before = pasteboard_.changeCount();
+        own(std::move(arguments));
+        expectOneChange(before);
+        EXPECT_EQ(text(), expected);
+        expectTheNextCopyToArrive();
+    }
+    void expectNothing(std::vector<std::string> arguments)
+    {
+        copy("before");
+        const std::int64_t before = pasteboard_.changeCount();
+        own(std::move(arguments));
+        expectOneChange(before);
+        EXPECT_FALSE(pasteboard_.string());
+        EXPECT_FALSE(pasteboard_.image());
+        expectTheNextCopyToArrive();
+    }
+    /// Nothing comes of the owner, and the next copy is there at once all the same.
+    void expectNoHindrance(std::vector<std::string> arguments)
+    {
+        const std::int64_t before = pasteboard_.changeCount();
+        own(std::move(arguments));
+        const auto start = std::chrono::steady_clock::now();
+        copy("next");
+        EXPECT_EQ(pasteboard_.changeCount(), before + 1) << "the owner before was waited for";
+        EXPECT_LT(std::chrono::steady_clock::now() - start, std::chrono::seconds(2));
+        EXPECT_EQ(text(), "next");
+    }
+    void expectTheNextCopyToArrive()
+    {
+        copy("the next copy");
+        EXPECT_EQ(text(), "the next copy");
+    }
+};
+
+TEST_F(HostileOwners, GoodOnesAreUnderstood)
+{
+    expectText({"text", "--text", "Grüße"}, "Grüße");
+    expectText({"latin1"}, "Grüße aus Köln");
+    expectText({"utf16"}, "Grün");
+    expectText({"no-targets", "--text", "old"}, "old");
+    expectText({"late", "--text", "patience"}, "patience");
+    expectText({"rich-text", "--text", "rich"}, "rich");
+}
+
+TEST_F(HostileOwners, WhatCanBeSavedOfASloppyOneIsSaved)
+{
+    expectText({"invalid-utf8"}, "good \uFFFD\uFFFD and \uFFFD good\n");
+    expectText({"liar-length", "--text", "short"}, "short");
+}
+
+TEST_F(HostileOwners, ASilentOneHindersNobody)
+{
+    expectNoHindrance({"mute"});
+    expectNoHindrance({"mute-after-targets"});
+    expectNoHindrance({"stalls"});
+    expectNoHindrance({"drip"});
+    expectNoHindrance({"late"});
+}
+
+TEST_F(HostileOwners, OneThatGivesNothingIsASkippedValue)
+{
+    expectNothing({"refuses"});
+    expectNothing({"liar-type"});
+    expectNothing({"liar-format"});
+    expectNothing({"secret"});
+    expectNothing({"secret-last"});
+}
+
+TEST_F(HostileOwners, OneThatDiesIsASkippedValue)
+{
+    expectNothing({"dies-before"});
+    expectNothing({"dies-during"});
+    expectNothing({"dies-at-end"});
+}
+
+TEST_F(HostileOwners, AnEndlessOneIsGivenUp)
+{
+    expectNothing({"endless"});
+}
+
+TEST_F(HostileOwners, OneThatTakesTheSelectionBackWins)
+{
+    const std::int64_t before = pasteboard_.changeCount();
+    own({"takes-back", "--text", "mine"});
+    expectOneChange(before);
+    write("ours");
+    ASSERT_TRUE(loop_.runUntil([&] { return pasteboard_.changeCount() == before + 3; }));
+    EXPECT_EQ(text(), "mine");
+}
+
+TEST_F(HostileOwners, TheLastOfARushArrives)
+{
+    own({"rush", "--text", "number"});
+    EXPECT_TRUE(loop_.runUntil([&] { return text() == "number 200"; }));
+    expectTheNextCopyToArrive();
+}
+
+TEST_F(HostileOwners, AFlappingOneIsReadInBetweenAndEndsWithTheNextCopy)
+{
+    own({"flapping", "--text", "again"});
+    EXPECT_TRUE(loop_.runUntil([&] { return pasteboard_.changeCount() > 20; }));
+    EXPECT_EQ(text(), "again");
+    others_.clear();
+    EXPECT_TRUE(loop_.runUntil([&] {
+        loop_.post([] {});
+        return paste() == "again"; // Kept when it went.
+    }));
+    expectTheNextCopyToArrive();
+}
+
+TEST_F(HostileOwners, AClearByAnotherIsNotUndone)
+{
+    const std::int64_t before = pasteboard_.changeCount();
+    own({"clears", "--text", "gone soon"});
+    ASSERT_TRUE(loop_.runUntil([&] { return pasteboard_.changeCount() == before + 2; }));
+    EXPECT_FALSE(pasteboard_.string());
+    others_.clear();
+    EXPECT_EQ(paste(), "");
+}
+
+TEST_F(HostileOwners, ASecretIsGoneWithItsOwner)
+{
+    const std::int64_t before = pasteboard_.changeCount();
+    own({"secret", "--text", "password"});
+    expectOneChange(before);
+    others_.clear();
+    EXPECT_EQ(paste(), "");
+}
+
+TEST_F(HostileOwners, RichTextOutlivesItsOwner)
+{
+    const std::int64_t before = pasteboard_.changeCount();
+    own({"rich-text", "--text", "rich"});
+    expectOneChange(before);
+    // The companions come after the change. Applications that quit ask whether everything has been taken.
+    ASSERT_TRUE(RawRequestor(display().name()).ask("CLIPBOARD_MANAGER", "SAVE_TARGETS"));
+    others_.back()->kill(SIGTERM);
+    others_.back()->wait();
+    ASSERT_TRUE(loop_.runUntil([&] {
+        loop_.post([] {});
+        return paste() == "rich";
+    }));
+    EXPECT_EQ(paste("text/html"), "<b>rich</b>");
+    EXPECT_EQ(paste("text/rtf"), "{\\rtf1 rich}");
+    EXPECT_EQ(pasteboard_.changeCount(), before + 1);
+}
+
+} // namespace
+} // namespace tessel

@@ -1,0 +1,240 @@
+#include <gtest/gtest.h>
+
+#include "ClipboardFixture.h"
+
+namespace tessel {
+namespace {
+
+class Ownership : public ::testing::Test, protected ClipboardFixture {
+protected:
+    FakeOwner textOwner(std::string text) const
+    {
+        return ownerOf(atoms(), {{atoms().utf8String, utf8Target(atoms(), std::move(text))}});
+    }
+    void copy(std::string text)
+    {
+        display.takeClipboard(textOwner(std::move(text)));
+        display.deliverAll();
+    }
+};
+
+TEST_F(Ownership, OurOwnWriteIsNotReceived)
+{
+    writeText(1, "ours");
+    display.deliverAll();
+    EXPECT_TRUE(display.isOwnedByUs(atoms().clipboard));
+    EXPECT_TRUE(reports.empty());
+    EXPECT_TRUE(display.convertedTargets.empty());
+}
+
+TEST_F(Ownership, AnOwnerAfterOurWriteCarriesItsNumber)
+{
+    copy("before");
+    writeText(7, "ours");
+    display.deliverAll();
+    copy("after");
+    ASSERT_EQ(reports.size(), 2U);
+    EXPECT_EQ(reports[0].generation, 0U);
+    EXPECT_EQ(reports[1].generation, 7U);
+    EXPECT_FALSE(display.isOwnedByUs(atoms().clipboard));
+}
+
+TEST_F(Ownership, AWriteEndsTheTransferFromAnOlderOwner)
+{
+    display.takeClipboard(textOwner("older"));
+    display.deliverOne();
+    display.deliverOne();
+    writeText(1, "ours");
+    display.deliverAll();
+    EXPECT_TRUE(reports.empty());
+    EXPECT_EQ(paste(atoms().clipboard, atoms().utf8String)->bytes, "ours");
+}
+
+TEST_F(Ownership, WhoTakesTheSelectionAfterOurTimestampIsTheLatest)
+{
+    writeText(1, "ours");
+    display.takeClipboard(textOwner("older"));
+    display.deliverAll();
+    ASSERT_EQ(reports.size(), 1U);
+    EXPECT_EQ(*reports[0].received.value.text, "older");
+    EXPECT_FALSE(display.isOwnedByUs(atoms().clipboard));
+}
+
+TEST_F(Ownership, AnOwnerThatComesRightAfterUsIsReceived)
+{
+    writeText(1, "ours");
+    display.deliverOne(); // The time; now the selection is taken.
+    EXPECT_TRUE(display.isOwnedByUs(atoms().clipboard));
+    display.takeClipboard(textOwner("theirs"));
+    display.deliverAll();
+    ASSERT_EQ(reports.size(), 1U);
+    EXPECT_EQ(reports[0].generation, 1U);
+    EXPECT_EQ(*reports[0].received.value.text, "theirs");
+}
+
+TEST_F(Ownership, AnOwnerThatComesAndDiesWhileWeTakeTheSelectionIsAnUnreadableValue)
+{
+    writeText(1, "ours");
+    display.deliverOne();
+    display.takeClipboard(textOwner("theirs"));
+    display.killOwner();
+    display.deliverAll();
+    ASSERT_EQ(reports.size(), 1U);
+    EXPECT_EQ(reports[0].received.readability, Readability::unreadable);
+}
+
+TEST_F(Ownership, TheLastOfSeveralWritesIsServed)
+{
+    writeText(1, "one");
+    writeText(2, "two");
+    display.deliverAll();
+    EXPECT_EQ(paste(atoms().clipboard, atoms().utf8String)->bytes, "two");
+    EXPECT_TRUE(reports.empty());
+}
+
+TEST_F(Ownership, ADeliberateClearIsKeptAsEmptiness)
+{
+    copy("word");
+    coordinator.write(1, std::make_shared<const SelectionValue>(), display.now);
+    display.deliverAll();
+    EXPECT_TRUE(display.isOwnedByUs(atoms().clipboard));
+    EXPECT_FALSE(paste(atoms().clipboard, atoms().utf8String));
+    EXPECT_EQ(atomsOf(paste(atoms().clipboard, atoms().targets)->bytes),
+              (std::vector<AtomID>{atoms().targets, atoms().timestamp, atoms().multiple}));
+}
+
+TEST_F(Ownership, AnOwnerThatTakesTheSelectionBackIsLeftAlone)
+{
+    writeText(1, "ours");
+    display.deliverAll();
+    for (int round = 0; round < 5; ++round)
+        copy("theirs");
+    EXPECT_EQ(reports.size(), 5U);
+    EXPECT_FALSE(display.isOwnedByUs(atoms().clipboard));
+}
+
+TEST_F(Ownership, AValueOutlivesItsOwnerWithoutBeingReportedAgain)
+{
+    copy("word");
+    display.killOwner();
+    display.deliverAll();
+    EXPECT_TRUE(display.isOwnedByUs(atoms().clipboard));
+    EXPECT_EQ(paste(atoms().clipboard, atoms().utf8String)->bytes, "word");
+    EXPECT_EQ(reports.size(), 1U);
+}
+
+TEST_F(Ownership, APictureAndItsCompanionsOutliveTheirOwner)
+{
+    FakeTarget picture;
+    picture.value = {atoms().jpeg, 8, "jpeg bytes"};
+    FakeTarget html;
+    html.value = {atoms().html, 8, "<img>"};
+    display.takeClipboard(ownerOf(atoms(), {{atoms().jpeg, picture}, {atoms().html, html}}));
+    display.deliverAll();
+    display.killOwner();
+    display.deliverAll();
+    EXPECT_EQ(paste(atoms().clipboard, atoms().jpeg)->bytes, "jpeg bytes");
+    EXPECT_EQ(paste(atoms().clipboard, atoms().html)->bytes, "<img>");
+    EXPECT_EQ(reports.size(), 1U);
+}
+
+TEST_F(Ownership, WhatWasThereBeforeUsIsKeptAndNeverReported)
+{
+    display.takeClipboard(textOwner("before"));
+    display.forgetEvents();
+    coordinator.keepPresentValue();
+    display.deliverAll();
+    EXPECT_TRUE(reports.empty());
+    display.killOwner();
+    display.deliverAll();
+    EXPECT_EQ(paste(atoms().clipboard, atoms().utf8String)->bytes, "before");
+    EXPECT_TRUE(reports.empty());
+    copy("after");
+    ASSERT_EQ(reports.size(), 1U);
+    EXPECT_EQ(*reports[0].received.value.text, "after");
+}
+
+TEST_F(Ownership, AnOwnerThatComesWhileWeLookAtThePresentOneIsReported)
+{
+    display.takeClipboard(textOwner("before"));
+    display.forgetEvents();
+    coordinator.keepPresentValue();
+    display.takeClipboard(textOwner("after"));
+    display.deliverAll();
+    ASSERT_EQ(reports.size(), 1U);
+    EXPECT_EQ(*reports[0].received.value.text, "after");
+}
+
+TEST_F(Ownership, ASilentOwnerFromBeforeIsNeverReported)
+{
+    FakeOwner mute;
+    mute.isMute = true;
+    display.takeClipboard(mute);
+    display.forgetEvents();
+    coordinator.keepPresentValue();
+    display.deliverAll();
+    display.passTime(IncomingConversion::longestSilence);
+    EXPECT_TRUE(reports.empty());
+}
+
+TEST_F(Ownership, WhoTakesTheSelectionAfterADeathKeepsIt)
+{
+    copy("word");
+    display.killOwner();
+    display.takeClipboard(textOwner("manager"));
+    display.deliverAll();
+    EXPECT_FALSE(display.isOwnedByUs(atoms().clipboard));
+    ASSERT_EQ(reports.size(), 2U);
+    EXPECT_EQ(*reports[1].received.value.text, "manager");
+}
+
+TEST_F(Ownership, NothingIsTakenOverAfterAClearByOthers)
+{
+    copy("word");
+    display.clearClipboard();
+    display.deliverAll();
+    display.killOwner();
+    display.deliverAll();
+    EXPECT_EQ(display.ownerOf(atoms().clipboard), noWindow);
+}
+
+TEST_F(Ownership, AnApplicationThatQuitsIsToldWhenItsValueIsHere)
+{
+    coordinator.becomeClipboardManager();
+    display.deliverAll();
+    FakeTarget html;
+    html.value = {atoms().html, 8, "<b>"};
+    const WindowID owner = display.takeClipboard(
+        ownerOf(atoms(), {{atoms().utf8String, utf8Target(atoms(), "word")}, {atoms().html, html}}));
+    display.deliverOne();
+    display.notices.clear();
+    constexpr AtomID property = 9000;
+    display.request(owner, atoms().clipboardManager, atoms().saveTargets, property);
+    while (display.notices.empty())
+        ASSERT_TRUE(display.deliverOne());
+    EXPECT_EQ(display.property(owner, property)->type, atoms().null);
+    display.killOwner();
+    display.deliverAll();
+    EXPECT_EQ(paste(atoms().clipboard, atoms().utf8String)->bytes, "word");
+    EXPECT_EQ(paste(atoms().clipboard, atoms().html)->bytes, "<b>");
+}
+
+TEST_F(Ownership, AnApplicationThatQuitsIsNotLeftWaiting)
+{
+    coordinator.becomeClipboardManager();
+    display.deliverAll();
+    FakeOwner mute;
+    mute.isMute = true;
+    const WindowID owner = display.takeClipboard(mute);
+    display.deliverAll();
+    display.notices.clear();
+    display.request(owner, atoms().clipboardManager, atoms().saveTargets, 9000);
+    display.deliverAll();
+    EXPECT_TRUE(display.notices.empty());
+    display.passTime(IncomingConversion::longestSilence);
+    display.deliverAll();
+    EXPECT_EQ(display.notices.size(), 1U);
+}
+
+} // namespace
+} // namespace tessel

@@ -1,0 +1,11 @@
+#pragma once
+
+#include <functional>
+
+namespace tessel {
+
+/// Runs the event loop until `condition` holds. False: it did not within ten seconds, which no working
+/// program needs.
+bool waitUntil(const std::function<bool()>& condition);
+
+} // namespace tessel

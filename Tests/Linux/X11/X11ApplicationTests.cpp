@@ -1,0 +1,147 @@
+#include "Desktop.h"
+
+#include "OtherWindow.h"
+#include "TestPanel.h"
+#include "WaitUntil.h"
+
+namespace tessel {
+namespace {
+
+template <class Desktop>
+class ActivityTests : public Desktop {
+protected:
+    /// Opens a panel over another application's window.
+    void openPanel()
+    {
+        other.show();
+        ASSERT_TRUE(waitUntil([this] { return other.isMapped(); }));
+        other.takeFocus();
+        ASSERT_TRUE(waitUntil([this] { return other.hasFocus(); }));
+        // The window manager may still be busy with the windows of the test before.
+        ASSERT_TRUE(waitUntil([this] { return !this->room.application->isActive(); }));
+        changes = this->room.application->observeActivity([this] { ++changeCount; });
+        this->room.userTime->note(*this->room.connection->currentServerTime());
+        panel.prepare(this->room);
+        panel.open(this->room);
+        ASSERT_TRUE(waitUntil([this] { return this->room.application->isActive(); }));
+        ASSERT_TRUE(waitUntil([this] { return this->room.toolkitWindows->focusedWindow() == panel.id(); }));
+    }
+
+    OtherWindow other;
+    TestPanel panel;
+    Token changes;
+    int changeCount = 0;
+};
+
+class X11ApplicationBareTests : public ActivityTests<BareDesktop> {};
+class X11ApplicationManagedTests : public ActivityTests<ManagedDesktop> {};
+
+void expectThatTheGrabChangesNothing(X11Room& room, Typist& typist, const int& changeCount)
+{
+    int presses = 0;
+    room.hotKeyCenter->installEventHandler([&](auto) { return ++presses; });
+    ASSERT_TRUE(room.hotKeyCenter->registerEventHotKey(9, 0x0300, {1, 1}));
+    const int before = changeCount;
+    typist.tapWith({Key::superLeft, Key::shiftLeft}, Key::v);
+    ASSERT_TRUE(waitUntil([&] { return presses == 1; }));
+    // The toolkit has read what the grab sent once it has answered an event of later.
+    QWidget later;
+    later.setAttribute(Qt::WA_ShowWithoutActivating);
+    xcb_window_t mapped = noWindow;
+    const Token token = room.toolkitWindows->observeMapping([&](xcb_window_t window) { mapped = window; });
+    later.setWindowFlag(Qt::BypassWindowManagerHint);
+    later.show();
+    ASSERT_TRUE(waitUntil([&] { return mapped == later.winId(); }));
+    EXPECT_TRUE(room.application->isActive());
+    EXPECT_EQ(changeCount, before);
+}
+
+TEST_F(X11ApplicationBareTests, theGrabOfAHotKeyIsNoLossOfActivation)
+{
+    openPanel();
+    expectThatTheGrabChangesNothing(room, typist, changeCount);
+}
+
+TEST_F(X11ApplicationManagedTests, theGrabOfAHotKeyIsNoLossOfActivation)
+{
+    openPanel();
+    expectThatTheGrabChangesNothing(room, typist, changeCount);
+}
+
+TEST_F(X11ApplicationBareTests, anotherApplicationTakingTheFocusIsOne)
+{
+    openPanel();
+    other.takeFocus();
+    EXPECT_TRUE(waitUntil([this] { return !room.application->isActive(); }));
+    EXPECT_EQ(changeCount, 2);
+}
+
+TEST_F(X11ApplicationManagedTests, anotherApplicationBeingActivatedIsOne)
+{
+    openPanel();
+    other.takeFocus();
+    EXPECT_TRUE(waitUntil([this] { return !room.application->isActive(); }));
+    EXPECT_EQ(changeCount, 2);
+}
+
+TEST_F(X11ApplicationManagedTests, closingTheLastWindowEndsTheActivity)
+{
+    openPanel();
+    panel.hide();
+    EXPECT_TRUE(waitUntil([this] { return !room.application->isActive(); }));
+}
+
+TEST_F(X11ApplicationBareTests, closingTheLastWindowEndsTheActivity)
+{
+    openPanel();
+    panel.hide();
+    EXPECT_TRUE(waitUntil([this] { return !room.application->isActive(); }));
+}
+
+TEST_F(X11ApplicationManagedTests, closingTheOnlyWindowOfTheDesktopEndsTheActivity)
+{
+    // The window manager has nothing to activate then, and may go on announcing the window that is gone.
+    room.userTime->note(*room.connection->currentServerTime());
+    panel.prepare(room);
+    panel.open(room);
+    ASSERT_TRUE(waitUntil([this] { return room.application->isActive(); }));
+    ASSERT_TRUE(waitUntil([this] { return room.windowManager->activeWindow() == panel.id(); }));
+    panel.hide();
+    EXPECT_TRUE(waitUntil([this] { return !room.application->isActive(); }));
+}
+
+TEST_F(X11ApplicationManagedTests, movingBetweenTwoWindowsOfOursChangesNothing)
+{
+    openPanel();
+    QWidget settings;
+    settings.show();
+    room.nativeWindows->makeKeyAndOrderFront(NativeWindowHandle{settings.winId()});
+    ASSERT_TRUE(waitUntil([&] { return room.toolkitWindows->focusedWindow() == settings.winId(); }));
+    ASSERT_TRUE(waitUntil([&] { return room.windowManager->activeWindow() == settings.winId(); }));
+    EXPECT_EQ(changeCount, 1);
+}
+
+TEST_F(X11ApplicationManagedTests, activatingGivesTheFocusToTheWindowShownLast)
+{
+    openPanel();
+    QWidget settings;
+    settings.show();
+    ASSERT_TRUE(waitUntil([&] { return room.toolkitWindows->focusedWindow() == settings.winId(); }));
+    other.takeFocus();
+    ASSERT_TRUE(waitUntil([&] { return other.hasFocus() && !room.application->isActive(); }));
+    room.userTime->note(*room.connection->currentServerTime());
+    room.application->activate(IgnoringOtherApps::yes);
+    EXPECT_TRUE(waitUntil([&] { return room.toolkitWindows->focusedWindow() == settings.winId(); }));
+}
+
+TEST_F(X11ApplicationManagedTests, withOurWindowInFrontWeAreTheFrontmostApplication)
+{
+    openPanel();
+    EXPECT_TRUE(waitUntil([this] {
+        const auto front = room.workspace->frontmostApplication();
+        return front && front->processIdentifier() == ProcessIdentifier{panel.id()};
+    }));
+}
+
+} // namespace
+} // namespace tessel

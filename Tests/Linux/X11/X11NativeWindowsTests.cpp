@@ -1,0 +1,148 @@
+#include "Desktop.h"
+
+#include <algorithm>
+
+#include "OtherWindow.h"
+#include "TestPanel.h"
+#include "WaitUntil.h"
+#include "X11/PropertyValue.h"
+
+namespace tessel {
+namespace {
+
+template <class Desktop>
+class NativeWindowTests : public Desktop {
+protected:
+    std::vector<std::uint32_t> property(xcb_window_t window, xcb_atom_t name)
+    {
+        auto* raw = this->room.connection->raw();
+        const auto reply = this->room.connection->wait(
+            xcb_get_property_reply, xcb_get_property(raw, 0, window, name, XCB_ATOM_ANY, 0, 64));
+        const auto units = unitsOf(reply.get());
+        return {units.begin(), units.end()};
+    }
+
+    bool hasState(xcb_window_t window, std::initializer_list<xcb_atom_t> states)
+    {
+        const auto present = property(window, this->room.connection->atoms().netWindowState);
+        return std::all_of(states.begin(), states.end(), [&](xcb_atom_t state) {
+            return std::find(present.begin(), present.end(), state) != present.end();
+        });
+    }
+
+    /// Not every window manager keeps the sticky state; the desktop number says the same.
+    bool hasEveryTrait(xcb_window_t window)
+    {
+        const X11Atoms& atoms = this->room.connection->atoms();
+        return hasState(window, {atoms.netWindowStateAbove, atoms.netWindowStateSkipTaskbar,
+                                 atoms.netWindowStateSkipPager}) &&
+               property(window, atoms.netWindowDesktop) == std::vector<std::uint32_t>{0xFFFFFFFF} &&
+               property(window, atoms.netWindowType).front() == atoms.netWindowTypeUtility;
+    }
+};
+
+using X11NativeWindowsBareTests = NativeWindowTests<BareDesktop>;
+using X11NativeWindowsManagedTests = NativeWindowTests<ManagedDesktop>;
+
+TEST_F(X11NativeWindowsManagedTests, aPreparedPanelHasItsTraitsOnScreenAndHasTheFocus)
+{
+    TestPanel panel;
+    panel.prepare(room);
+    panel.open(room);
+    ASSERT_TRUE(waitUntil([&] { return room.toolkitWindows->focusedWindow() == panel.id(); }));
+    EXPECT_TRUE(waitUntil([&] { return hasEveryTrait(panel.id()); }));
+    constexpr std::size_t decorationsField = 2;
+    EXPECT_EQ(property(panel.id(), room.connection->atoms().motifWindowHints).at(decorationsField), 0U);
+    EXPECT_EQ(property(panel.id(), room.connection->atoms().compositorShadow), std::vector<std::uint32_t>{0});
+}
+
+TEST_F(X11NativeWindowsManagedTests, itsPositionIsMarkedAsTheUsersAndItTakesInput)
+{
+    TestPanel panel;
+    panel.prepare(room);
+    panel.open(room);
+    ASSERT_TRUE(waitUntil([&] { return room.toolkitWindows->focusedWindow() == panel.id(); }));
+    constexpr std::uint32_t userPosition = 1U << 0;
+    constexpr std::uint32_t userSize = 1U << 1;
+    const auto sizeHints = property(panel.id(), XCB_ATOM_WM_NORMAL_HINTS);
+    ASSERT_FALSE(sizeHints.empty());
+    EXPECT_EQ(sizeHints[0] & (userPosition | userSize), userPosition | userSize);
+    constexpr std::uint32_t inputHint = 1U << 0;
+    const auto hints = property(panel.id(), XCB_ATOM_WM_HINTS);
+    ASSERT_GE(hints.size(), 2U);
+    EXPECT_EQ(hints[0] & inputHint, inputHint);
+    EXPECT_EQ(hints[1], 1U);
+    const auto place = room.connection->wait(
+        xcb_translate_coordinates_reply,
+        xcb_translate_coordinates(room.connection->raw(), panel.id(), room.connection->root(), 0, 0));
+    EXPECT_EQ(place->dst_x, 200);
+    EXPECT_EQ(place->dst_y, 300);
+}
+
+TEST_F(X11NativeWindowsManagedTests, aPanelThatWasHiddenHasItsTraitsAgain)
+{
+    TestPanel panel;
+    panel.prepare(room);
+    for (int opening = 0; opening < 3; ++opening) {
+        panel.open(room);
+        ASSERT_TRUE(waitUntil([&] { return room.toolkitWindows->focusedWindow() == panel.id(); }));
+        EXPECT_TRUE(waitUntil([&] { return hasEveryTrait(panel.id()); })) << "Opening " << opening;
+        panel.hide();
+        ASSERT_TRUE(waitUntil([&] { return !room.toolkitWindows->focusedWindow(); }));
+        // Window managers take the state away from a hidden window.
+        ASSERT_TRUE(
+            waitUntil([&] { return property(panel.id(), room.connection->atoms().netWindowState).empty(); }));
+    }
+}
+
+TEST_F(X11NativeWindowsManagedTests, thePanelGetsTheFocusOverAWindowThatTheUserHasJustUsed)
+{
+    OtherWindow other;
+    other.show();
+    ASSERT_TRUE(waitUntil([&] { return other.hasFocus(); }));
+    ASSERT_TRUE(room.hotKeyCenter->registerEventHotKey(9, 0x0300, {1, 1}));
+    TestPanel panel;
+    room.hotKeyCenter->installEventHandler([&](auto) {
+        panel.prepare(room);
+        panel.open(room);
+        return 0;
+    });
+    typist.tap(Key::a);
+    other.setProperty("_NET_WM_USER_TIME", XCB_ATOM_CARDINAL, {*room.connection->currentServerTime()});
+    typist.tapWith({Key::superLeft, Key::shiftLeft}, Key::v);
+    EXPECT_TRUE(waitUntil([&] { return room.toolkitWindows->focusedWindow() == panel.id(); }));
+    EXPECT_TRUE(waitUntil([&] { return !other.hasFocus(); }));
+}
+
+TEST_F(X11NativeWindowsBareTests, withoutAWindowManagerThePanelGetsTheFocusToo)
+{
+    OtherWindow other;
+    other.show();
+    other.takeFocus();
+    ASSERT_TRUE(waitUntil([&] { return other.hasFocus(); }));
+    TestPanel panel;
+    panel.prepare(room);
+    room.userTime->note(*room.connection->currentServerTime());
+    panel.open(room);
+    EXPECT_TRUE(
+        waitUntil([&] { return room.toolkitWindows->focusedWindow() == panel.id() && !other.hasFocus(); }));
+    EXPECT_TRUE(room.application->isActive());
+}
+
+TEST_F(X11NativeWindowsBareTests, aCompositingManagerIsNoticedAsItComesAndGoes)
+{
+    EXPECT_FALSE(room.nativeWindows->blendsTranslucentWindows());
+    auto* raw = xcb_connect(nullptr, nullptr);
+    const xcb_window_t window = xcb_generate_id(raw);
+    const auto root = room.connection->root();
+    xcb_create_window(raw, 0, window, root, 0, 0, 1, 1, 0, XCB_WINDOW_CLASS_INPUT_ONLY, XCB_COPY_FROM_PARENT,
+                      0, nullptr);
+    xcb_set_selection_owner(raw, window, room.connection->atoms().compositingManager, XCB_CURRENT_TIME);
+    xcb_flush(raw);
+    EXPECT_TRUE(waitUntil([&] { return room.nativeWindows->blendsTranslucentWindows(); }));
+    xcb_disconnect(raw);
+    EXPECT_TRUE(waitUntil([&] { return !room.nativeWindows->blendsTranslucentWindows(); }));
+}
+
+} // namespace
+} // namespace tessel
