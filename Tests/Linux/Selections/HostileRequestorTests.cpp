@@ -87,10 +87,15 @@ TEST_F(HostileRequestors, AreServedWhileAPictureIsPrepared)
     // ends the work.
     const std::string picture = interlacedPNG(testImage(4000, 3000));
     const std::int64_t before = pasteboard_.changeCount();
+    RawRequestor requestor(display().name());
+    const xcb_window_t ownerBefore = requestor.ownerOf("CLIPBOARD");
     others_.push_back(
         ChildProcess::start({"xclip", "-quiet", "-selection", "clipboard", "-target", "image/png", "-in"},
                             display().name(), picture));
-    RawRequestor requestor(display().name());
+    ASSERT_TRUE(loop_.runUntil([&] {
+        loop_.post([] {});
+        return requestor.ownerOf("CLIPBOARD") != ownerBefore;
+    }));
     for (int number = 0; number < 20; ++number)
         EXPECT_TRUE(requestor.ask("CLIPBOARD_MANAGER", "TIMESTAMP"));
     others_.push_back(

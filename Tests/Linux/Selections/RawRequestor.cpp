@@ -109,6 +109,14 @@ std::string RawRequestor::takeAll()
     }
 }
 
+xcb_window_t RawRequestor::ownerOf(const std::string& selection)
+{
+    const auto cookie = xcb_get_selection_owner(connection_.get(), intern(selection));
+    const Received<xcb_get_selection_owner_reply_t> reply(
+        xcb_get_selection_owner_reply(connection_.get(), cookie, nullptr));
+    return reply ? reply->owner : static_cast<xcb_window_t>(XCB_NONE);
+}
+
 void RawRequestor::own(const std::string& selection)
 {
     xcb_set_selection_owner(connection_.get(), window_, intern(selection), XCB_CURRENT_TIME);

@@ -25,6 +25,8 @@ public:
     std::string takePiece();
     /// Takes the whole value.
     std::string takeAll();
+    /// The window that owns the selection now; none when nobody does.
+    xcb_window_t ownerOf(const std::string& selection);
     /// Takes the selection with this window, and answers nobody.
     void own(const std::string& selection);
 
