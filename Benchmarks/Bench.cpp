@@ -15,7 +15,7 @@
 #include "ClipboardOwner.h"
 #include "ClipboardReader.h"
 #include "Desktop.h"
-#include "Heartbeat.h"
+#include "HoldUpWatch.h"
 #include "OpeningWatch.h"
 #include "ProcessFigures.h"
 #include "Program.h"
@@ -25,13 +25,15 @@ namespace tessel::bench {
 
 namespace {
 
-using desktop::BusAddress;
+using desktop::anonymousMegabytes;
 using desktop::ChildProcess;
 using desktop::ClipboardOwner;
 using desktop::Desktop;
 using desktop::DesktopFailure;
-using desktop::Heartbeat;
+using desktop::HoldUp;
+using desktop::HoldUpWatch;
 using desktop::Program;
+using desktop::usage;
 using namespace std::chrono_literals;
 
 /// The program looks at the clipboard every 0.7 seconds: what is copied this much apart is captured each
@@ -53,13 +55,6 @@ double seconds(std::chrono::nanoseconds time)
 {
     return std::chrono::duration<double>(time).count();
 }
-
-/// How long the main threads of the program and of an idle process of the same time took at most to answer,
-/// in milliseconds. The difference is what the program is to blame for.
-struct HoldUp {
-    double program;
-    double idle;
-};
 
 /// What the processor does for the copies alone.
 struct CopyCost {
@@ -247,32 +242,27 @@ private:
         const auto idleShare = idleProcessorShare_ * milliseconds(span);
 
         // Once more under a heartbeat, which costs the program time of its own.
-        const auto holdUp = measureHoldUp([&] {
+        const auto holdUp = measureHoldUp(process(), [&] {
             for (int number = count; number < 2 * count; ++number)
                 copy(number);
         });
         return {(used - idleShare) / count, holdUp};
     }
 
-    HoldUp measureHoldUp(const std::function<void()>& work)
+    HoldUp measureHoldUp(pid_t program, const std::function<void()>& work)
     {
-        const BusAddress idle{"org.tessel.Idle", "/heartbeat"};
-        ChildProcess idleProgram({desktop::clientFile("qt-heartbeat").string(), idle.name},
-                                 desktop_.environment());
-        idleProgram.waitForLine("ready");
-        Heartbeat heartbeat(desktop_.busAddress(), Program::busAddress());
-        Heartbeat idleHeartbeat(desktop_.busAddress(), idle);
+        HoldUpWatch watch(desktop_, program);
         work();
-        const auto longest = milliseconds(heartbeat.finish().longest);
-        return {longest, milliseconds(idleHeartbeat.finish().longest)};
+        return watch.finish();
     }
 
     void reportHoldUp(const std::string& what, HoldUp holdUp)
     {
         // One frame more than an idle process.
         constexpr double frame = 16;
+        const auto idle = milliseconds(holdUp.idle);
         report_.add(
-            {"main thread held up by " + what, "ms", holdUp.program, holdUp.idle, holdUp.idle + frame, ""});
+            {"main thread held up by " + what, "ms", milliseconds(holdUp.program), idle, idle + frame, ""});
     }
 
     void measureTextCopies()
@@ -356,7 +346,7 @@ private:
             }
         });
         std::chrono::nanoseconds receiving{};
-        const auto holdUp = measureHoldUp([&] {
+        const auto holdUp = measureHoldUp(process, [&] {
             const auto started = std::chrono::steady_clock::now();
             owner_.copyText(text);
             owner_.waitForCompletion("UTF8_STRING", desktop::Deadline(60s));

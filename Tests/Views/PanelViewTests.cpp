@@ -148,6 +148,18 @@ TEST(PanelView, SelectsTheFirstEntryAfterTheSelectedOneIsDeleted)
     EXPECT_EQ(desktop.selectedText(), "C");
 }
 
+TEST(PanelView, ObeysKeysThatComeFasterThanItIsUpdated)
+{
+    PanelDesktop desktop;
+    desktop.copyAll({"A", "B", "C", "D"});
+    desktop.openPanel();
+    desktop.press(Qt::Key_Backspace, Qt::ControlModifier);
+    desktop.press(Qt::Key_Backspace, Qt::ControlModifier);
+    desktop.press(Qt::Key_Down);
+    EXPECT_THAT(listedTexts(desktop), ElementsAre("B", "A"));
+    EXPECT_EQ(desktop.selectedText(), "A");
+}
+
 TEST(PanelView, ClearsEverythingAtOnce)
 {
     PanelDesktop desktop;

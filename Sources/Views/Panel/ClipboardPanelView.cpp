@@ -61,13 +61,13 @@ void ClipboardPanelView::updateLater()
     if (updateIsPending_ || !isVisible())
         return;
     updateIsPending_ = true;
-    QMetaObject::invokeMethod(
-        this,
-        [this] {
-            if (std::exchange(updateIsPending_, false))
-                updateNow();
-        },
-        Qt::QueuedConnection);
+    QMetaObject::invokeMethod(this, &ClipboardPanelView::bringUpToDate, Qt::QueuedConnection);
+}
+
+void ClipboardPanelView::bringUpToDate()
+{
+    if (std::exchange(updateIsPending_, false))
+        updateNow();
 }
 
 void ClipboardPanelView::updateNow()
@@ -155,6 +155,7 @@ void ClipboardPanelView::ensureSelection(const History& ordered)
 
 void ClipboardPanelView::moveSelection(int step)
 {
+    bringUpToDate();
     if (const auto state = appState_.lock())
         setSelectedItemID(movedSelection(state->orderedHistory(), selectedItemID_, step), Reveal::yes);
 }
@@ -191,6 +192,13 @@ void ClipboardPanelView::setHoveredItemID(std::optional<UUID> id)
 // Actions
 
 template <class Operation>
+void ClipboardPanelView::withSelectedItem(Operation operation)
+{
+    bringUpToDate();
+    withItem(selectedItemID_, operation);
+}
+
+template <class Operation>
 void ClipboardPanelView::withItem(std::optional<UUID> id, Operation operation)
 {
     const auto state = appState_.lock();
@@ -208,20 +216,19 @@ KeyboardEventBridge ClipboardPanelView::keyboardEventBridge()
         .onDown = [this] { moveSelection(1); },
         .onEnter =
             [this] {
-                withItem(selectedItemID_,
-                         [](AppState& state, const ClipboardItem& item) { state.copyAndPaste(item); });
+                withSelectedItem(
+                    [](AppState& state, const ClipboardItem& item) { state.copyAndPaste(item); });
             },
         .onEscape = [this] { closePanel(); },
         .onDelete =
             [this] {
-                withItem(selectedItemID_,
-                         [](AppState& state, const ClipboardItem& item) { state.removeItem(item); });
+                withSelectedItem([](AppState& state, const ClipboardItem& item) { state.removeItem(item); });
             },
         .onPinToggle =
             [this] {
+                withSelectedItem(
+                    [](AppState& state, const ClipboardItem& item) { state.togglePinned(item); });
                 revealsSelectionNext_ = true;
-                withItem(selectedItemID_,
-                         [](AppState& state, const ClipboardItem& item) { state.togglePinned(item); });
             },
     };
 }

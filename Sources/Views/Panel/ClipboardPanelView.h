@@ -72,6 +72,8 @@ private:
     void updateLater();
     /// Shows what the state is now.
     void updateNow();
+    /// Makes up for an update that is due, so that keys which were typed quickly act on what is there now.
+    void bringUpToDate();
     void showSections(const History& ordered);
     void ensureSelection(const History& ordered);
     void setSelectedItemID(std::optional<UUID> id, Reveal reveal);
@@ -79,6 +81,8 @@ private:
     /// Runs `operation` on the state and the entry, if both are still there.
     template <class Operation>
     void withItem(std::optional<UUID> id, Operation operation);
+    template <class Operation>
+    void withSelectedItem(Operation operation);
 
     std::weak_ptr<AppState> appState_;
     std::shared_ptr<PanelArtwork> artwork_;

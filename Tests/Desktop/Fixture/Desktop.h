@@ -43,6 +43,8 @@ public:
     const std::string& displayName() const { return display_->name(); }
     /// The address of the session bus; empty if there is none.
     std::string busAddress() const { return bus_ ? bus_->address() : std::string(); }
+    /// The process of the session bus, which there must be.
+    pid_t busProcess() const { return bus_.value().pid(); }
     Extent screen() const { return options_.screen; }
 
     XConnection& connection() { return *connection_; }

@@ -1,8 +1,11 @@
 #include "Heartbeat.h"
 
 #include <algorithm>
+#include <iterator>
+#include <numeric>
 
 #include "BusClient.h"
+#include "ProcessorWait.h"
 
 namespace tessel::desktop {
 
@@ -20,14 +23,22 @@ std::chrono::microseconds quantile(const std::vector<std::chrono::microseconds>&
     return sorted[static_cast<std::size_t>(fraction * last)];
 }
 
+std::chrono::nanoseconds sum(const std::vector<ProcessorWait>& waits)
+{
+    return std::accumulate(
+        waits.begin(), waits.end(), std::chrono::nanoseconds{},
+        [](std::chrono::nanoseconds total, const ProcessorWait& wait) { return total + wait.total(); });
+}
+
 } // namespace
 
-Heartbeat::Heartbeat(const std::string& sessionBusAddress, BusAddress program)
+Heartbeat::Heartbeat(const std::string& sessionBusAddress, BusAddress program, std::vector<pid_t> processes)
 {
     if (!BusClient(sessionBusAddress).askObject(program.name, program.path, Deadline()))
         throw DesktopFailure(program.name + " does not answer on the session bus");
-    thread_ = std::thread(
-        [this, sessionBusAddress, program = std::move(program)] { listen(sessionBusAddress, program); });
+    thread_ =
+        std::thread([this, sessionBusAddress, program = std::move(program),
+                     processes = std::move(processes)] { listen(sessionBusAddress, program, processes); });
 }
 
 Heartbeat::~Heartbeat()
@@ -37,18 +48,27 @@ Heartbeat::~Heartbeat()
         thread_.join();
 }
 
-void Heartbeat::listen(const std::string& sessionBusAddress, const BusAddress& program)
+void Heartbeat::listen(const std::string& sessionBusAddress, const BusAddress& program,
+                       const std::vector<pid_t>& processes)
 {
     BusClient client(sessionBusAddress);
+    std::vector<ProcessorWait> waits;
+    waits.push_back(ProcessorWait::ofThisThread());
+    std::transform(processes.begin(), processes.end(), std::back_inserter(waits),
+                   &ProcessorWait::ofMainThread);
     auto next = std::chrono::steady_clock::now();
     while (!isEnding_) {
+        const auto waitedBefore = sum(waits);
         const auto asked = std::chrono::steady_clock::now();
         if (!client.askObject(program.name, program.path, Deadline(patience))) {
             hasLost_ = true;
             return;
         }
         const auto answered = std::chrono::steady_clock::now();
+        const auto waited = sum(waits) - waitedBefore;
         answers_.push_back(std::chrono::duration_cast<std::chrono::microseconds>(answered - asked));
+        longestAtWork_ = std::max(
+            longestAtWork_, std::chrono::duration_cast<std::chrono::microseconds>(answered - asked - waited));
         next = std::max(next + interval, answered);
         std::this_thread::sleep_until(next);
     }
@@ -61,7 +81,8 @@ HeartbeatReport Heartbeat::finish()
     if (hasLost_ || answers_.empty())
         throw DesktopFailure("the program stopped answering on the session bus");
     std::sort(answers_.begin(), answers_.end());
-    return {answers_.size(), quantile(answers_, 0.5), quantile(answers_, 0.99), answers_.back()};
+    return {answers_.size(), quantile(answers_, 0.5), quantile(answers_, 0.99), answers_.back(),
+            longestAtWork_};
 }
 
 } // namespace tessel::desktop

@@ -1,5 +1,7 @@
 #pragma once
 
+#include <sys/types.h>
+
 #include <atomic>
 #include <chrono>
 #include <string>
@@ -21,15 +23,18 @@ struct HeartbeatReport {
     std::chrono::microseconds percentile99{};
     /// The longest time that the main thread took to answer: how long it was held up, plus one round trip.
     std::chrono::microseconds longest{};
+    /// The longest time less what was spent waiting for a processor.
+    std::chrono::microseconds longestAtWork{};
 };
 
 /// Asks a program's main thread for an answer about every millisecond, and records how long each answer took.
 /// A machine's own hiccups show in the heartbeat of an idle process at the same time, which is to be
-/// subtracted.
+/// subtracted. What the processes on the way of an answer waited for a processor is recorded apart.
 class Heartbeat {
 public:
-    /// Begins at once; throws `DesktopFailure` if the program does not answer at all.
-    Heartbeat(const std::string& sessionBusAddress, BusAddress program);
+    /// Begins at once; throws `DesktopFailure` if the program does not answer at all. The main threads of
+    /// `processes` are those that an answer passes through: the program's and the bus's.
+    Heartbeat(const std::string& sessionBusAddress, BusAddress program, std::vector<pid_t> processes = {});
     ~Heartbeat();
     Heartbeat(const Heartbeat&) = delete;
     Heartbeat& operator=(const Heartbeat&) = delete;
@@ -38,11 +43,13 @@ public:
     HeartbeatReport finish();
 
 private:
-    void listen(const std::string& sessionBusAddress, const BusAddress& program);
+    void listen(const std::string& sessionBusAddress, const BusAddress& program,
+                const std::vector<pid_t>& processes);
 
     std::atomic<bool> isEnding_ = false;
     std::atomic<bool> hasLost_ = false;
     std::vector<std::chrono::microseconds> answers_;
+    std::chrono::microseconds longestAtWork_{};
     std::thread thread_;
 };
 

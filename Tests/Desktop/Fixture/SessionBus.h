@@ -15,6 +15,8 @@ public:
     /// The value for `DBUS_SESSION_BUS_ADDRESS`.
     const std::string& address() const { return address_; }
 
+    pid_t pid() const { return daemon_.pid(); }
+
 private:
     ChildProcess daemon_;
     std::string address_;

@@ -6,11 +6,9 @@
 
 #include "Deadline.h"
 
-namespace tessel::bench {
+namespace tessel::desktop {
 
 namespace {
-
-using desktop::DesktopFailure;
 
 /// The number behind `name:` in a file of the kernel.
 std::uint64_t field(const std::filesystem::path& file, const std::string& name)
@@ -58,4 +56,4 @@ Usage usage(pid_t process)
     return total;
 }
 
-} // namespace tessel::bench
+} // namespace tessel::desktop

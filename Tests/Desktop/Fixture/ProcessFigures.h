@@ -5,7 +5,7 @@
 #include <chrono>
 #include <cstdint>
 
-namespace tessel::bench {
+namespace tessel::desktop {
 
 /// Anonymous memory of a process, in MB of 2^20 bytes (`Anonymous` of `smaps_rollup`): what it alone is to
 /// blame for. Throws `DesktopFailure` if it cannot be read.
@@ -25,4 +25,4 @@ struct Usage {
 
 Usage usage(pid_t process);
 
-} // namespace tessel::bench
+} // namespace tessel::desktop

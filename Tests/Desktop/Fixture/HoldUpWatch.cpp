@@ -1,0 +1,28 @@
+#include "HoldUpWatch.h"
+
+#include "ClientFiles.h"
+#include "Program.h"
+
+namespace tessel::desktop {
+
+namespace {
+
+const BusAddress idleAddress{"org.tessel.Idle", "/heartbeat"};
+
+} // namespace
+
+HoldUpWatch::HoldUpWatch(Desktop& desktop, pid_t program)
+    : idleProgram_({clientFile("qt-heartbeat").string(), idleAddress.name}, desktop.environment())
+    , program_((idleProgram_.waitForLine("ready"), desktop.busAddress()), Program::busAddress(),
+               {program, desktop.busProcess()})
+    , idle_(desktop.busAddress(), idleAddress, {idleProgram_.pid(), desktop.busProcess()})
+{}
+
+HoldUp HoldUpWatch::finish()
+{
+    const auto program = program_.finish();
+    const auto idle = idle_.finish();
+    return {program.longest, idle.longest, program.longestAtWork - idle.longestAtWork};
+}
+
+} // namespace tessel::desktop
