@@ -4,6 +4,7 @@
 
 #include <gtest/gtest.h>
 
+#include "DistinctText.h"
 #include "Fakes/FakeDigest.h"
 #include "Fakes/FakeImage.h"
 #include "History/ContentIdentity.h"
@@ -92,6 +93,26 @@ TEST(ContentIdentity, OfATextSharesTheTextInsteadOfCopyingIt)
     const long ownersBefore = text.use_count();
     const ContentIdentity identity(text, digest);
     EXPECT_EQ(text.use_count(), ownersBefore + 1);
+}
+
+TEST(ContentIdentity, OfTextsThatWereComparedAlreadyIsDecidedByTheirAddress)
+{
+    const int pool = 0;
+    const int otherPool = 0;
+    const auto text = [] { return std::make_shared<const std::string>("the same"); };
+    const auto identity = [&](SharedText of) {
+        return ContentIdentity(ClipboardContent(std::move(of)), digest);
+    };
+    const SharedText marked = DistinctText::marked(text(), &pool);
+    EXPECT_EQ(identity(marked), identity(marked));
+    // Nobody marks equal texts with one pool; here it shows that they are not read.
+    EXPECT_FALSE(identity(marked) == identity(DistinctText::marked(text(), &pool)));
+    // Where the marks do not decide, the texts do.
+    EXPECT_EQ(identity(marked), identity(text()));
+    EXPECT_EQ(identity(text()), identity(marked));
+    EXPECT_EQ(identity(marked), identity(DistinctText::marked(text(), &otherPool)));
+    EXPECT_FALSE(identity(marked) == identity(std::make_shared<const std::string>("another one")));
+    EXPECT_EQ(identity(marked).fingerprint(), "text:the same");
 }
 
 TEST(ContentIdentity, OfAnImageDoesNotKeepTheImageAlive)

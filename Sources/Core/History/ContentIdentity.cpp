@@ -2,6 +2,7 @@
 
 #include <string_view>
 
+#include "DistinctText.h"
 #include "History/ImageFingerprint.h"
 
 namespace tessel {
@@ -39,10 +40,8 @@ bool operator==(const ContentIdentity& left, const ContentIdentity& right)
     // The two prefixes differ, so a text never equals an image.
     if (left.value_.index() != right.value_.index())
         return false;
-    if (const auto* text = std::get_if<SharedText>(&left.value_)) {
-        const auto& other = std::get<SharedText>(right.value_);
-        return *text == other || **text == *other;
-    }
+    if (const auto* text = std::get_if<SharedText>(&left.value_))
+        return DistinctText::areEqual(*text, std::get<SharedText>(right.value_));
     return std::get<std::string>(left.value_) == std::get<std::string>(right.value_);
 }
 

@@ -40,6 +40,10 @@ struct Backend::Parts {
         , x11(makeX11Room({
               .showTrustPrompt = std::move(rules.showTrustPrompt),
               .offerPrimary = [pasteboard = pasteboard] { pasteboard->offerPrimary(); },
+              .whenAvailable =
+                  [pasteboard = pasteboard](std::function<void()> done) {
+                      pasteboard->whenAvailable(std::move(done));
+                  },
           }))
         , platform({
               .pasteboard = pasteboard,

@@ -6,83 +6,91 @@
 #include <cstring>
 #include <stdexcept>
 
-#include <poll.h>
 #include <unistd.h>
+#include <xcb/xfixes.h>
 
 namespace tessel::owners {
 
 namespace {
 
-struct Free {
-    void operator()(void* memory) const { std::free(memory); }
-};
-template <class Value>
-using Received = std::unique_ptr<Value, Free>;
-
 /// A property is sent whole up to this size, also by a good owner.
 constexpr std::size_t mostWholeBytes = std::size_t{64} << 10;
 
+/// How often it asks for a selection that it is not given.
+constexpr int mostAttempts = 10;
+
+std::string_view bytesOf(const std::vector<std::uint32_t>& items)
+{
+    return {reinterpret_cast<const char*>(items.data()), items.size() * sizeof(std::uint32_t)};
+}
+
+std::vector<std::string> inventedNames(std::size_t count)
+{
+    std::vector<std::string> names;
+    for (std::size_t index = 0; index < count; ++index)
+        names.push_back("application/x-selection-owners-" + std::to_string(index));
+    return names;
+}
+
 } // namespace
 
-SelectionOwner::SelectionOwner(Behaviour behaviour)
+SelectionOwner::SelectionOwner(Behaviour behaviour, std::string selection)
     : behaviour_(std::move(behaviour))
-    , connection_(xcb_connect(nullptr, nullptr))
+    , selection_(client_.atom(selection))
+    , window_(client_.createWindow())
+    , inventedTargets_(client_.atoms(inventedNames(behaviour_.inventedTargets)))
 {
-    if (xcb_connection_has_error(connection_.get()) != 0)
-        throw std::runtime_error("cannot connect to the X display");
     if (!behaviour_.offers.empty())
-        firstText_ = behaviour_.offers.front().bytes;
-    const xcb_screen_t* screen = xcb_setup_roots_iterator(xcb_get_setup(connection_.get())).data;
-    window_ = xcb_generate_id(connection_.get());
-    const std::uint32_t events = XCB_EVENT_MASK_PROPERTY_CHANGE;
-    xcb_create_window(connection_.get(), 0, window_, screen->root, -1, -1, 1, 1, 0,
-                      XCB_WINDOW_CLASS_INPUT_ONLY, XCB_COPY_FROM_PARENT, XCB_CW_EVENT_MASK, &events);
+        firstText_ = *behaviour_.offers.front().bytes;
 }
 
-SelectionOwner::~SelectionOwner() = default;
-
-xcb_atom_t SelectionOwner::intern(const std::string& name)
+bool SelectionOwner::takeSurely()
 {
-    const auto known = atoms_.find(name);
-    if (known != atoms_.end())
-        return known->second;
-    const auto cookie =
-        xcb_intern_atom(connection_.get(), 0, static_cast<std::uint16_t>(name.size()), name.data());
-    const Received<xcb_intern_atom_reply_t> reply(xcb_intern_atom_reply(connection_.get(), cookie, nullptr));
-    return atoms_[name] = reply ? reply->atom : XCB_NONE;
+    take();
+    // Asked in one breath, so that nobody comes between.
+    const auto cookie = xcb_get_selection_owner(client_.connection(), selection_);
+    const Received<xcb_get_selection_owner_reply_t> reply(
+        xcb_get_selection_owner_reply(client_.connection(), cookie, nullptr));
+    return reply && reply->owner == window_;
 }
 
-/// The time comes with the notification of an append of nothing (ICCCM section 2.1).
-xcb_timestamp_t SelectionOwner::currentServerTime()
+void SelectionOwner::begin()
 {
-    xcb_change_property(connection_.get(), XCB_PROP_MODE_APPEND, window_, intern("SELECTION_OWNERS_TIME"),
-                        XCB_ATOM_INTEGER, 32, 0, nullptr);
-    xcb_flush(connection_.get());
-    while (xcb_generic_event_t* event = xcb_wait_for_event(connection_.get())) {
-        const auto& change = *reinterpret_cast<xcb_property_notify_event_t*>(event);
-        if ((event->response_type & 0x7F) == XCB_PROPERTY_NOTIFY && change.window == window_) {
-            const xcb_timestamp_t time = change.time;
-            std::free(event);
-            return time;
-        }
-        deferred_.emplace_back(event, &std::free);
+    // It is not given when somebody else has taken it after the time with which we ask (ICCCM section 2.1).
+    while (!takeSurely()) {
+        if (takings_ == mostAttempts)
+            throw std::runtime_error("the selection was not given to us");
     }
-    throw std::runtime_error("the connection to the X display is broken");
+    takings_ = 1;
+    if (behaviour_.copiesOthers)
+        watchOthers();
+    if (behaviour_.takesAgainEvery)
+        after(*behaviour_.takesAgainEvery, [this] { takeAgain(); });
+    if (behaviour_.endsAfter)
+        after(*behaviour_.endsAfter, [this] { isOver_ = true; });
+    if (behaviour_.destroysWindowAfter)
+        after(*behaviour_.destroysWindowAfter, [this] { client_.destroyWindow(window_); });
+    if (behaviour_.clearsAfter)
+        after(*behaviour_.clearsAfter,
+              [this] { xcb_set_selection_owner(client_.connection(), XCB_NONE, selection_, lastTaken_); });
 }
 
 void SelectionOwner::take()
 {
-    xcb_set_selection_owner(connection_.get(), window_, intern("CLIPBOARD"), currentServerTime());
-    xcb_flush(connection_.get());
+    lastTaken_ = client_.currentTime();
+    xcb_set_selection_owner(client_.connection(), window_, selection_, lastTaken_);
+    if (!ownedSince_)
+        ownedSince_ = lastTaken_;
     ++takings_;
 }
 
 void SelectionOwner::takeAgain()
 {
-    if (behaviour_.takesAgainAtMost && takings_ > *behaviour_.takesAgainAtMost)
+    if (hasTakenAll())
         return;
     if (behaviour_.takesAgainAtMost && !behaviour_.offers.empty())
-        behaviour_.offers.front().bytes = firstText_ + " " + std::to_string(takings_ + 1);
+        behaviour_.offers.front().bytes =
+            std::make_shared<const std::string>(firstText_ + " " + std::to_string(takings_ + 1));
     take();
     after(*behaviour_.takesAgainEvery, [this] { takeAgain(); });
 }
@@ -103,137 +111,193 @@ void SelectionOwner::runDueActions()
     }
 }
 
-int SelectionOwner::millisecondsUntilNext(std::optional<Clock::time_point> end) const
+std::optional<Clock::time_point> SelectionOwner::nextAction() const
 {
-    if (!actions_.empty())
-        end = std::min(end.value_or(Clock::time_point::max()), actions_.begin()->first);
-    if (!end)
-        return -1;
-    const auto left = std::chrono::ceil<std::chrono::milliseconds>(*end - Clock::now()).count();
-    return static_cast<int>(std::max<std::chrono::milliseconds::rep>(left, 0));
+    if (actions_.empty())
+        return std::nullopt;
+    return actions_.begin()->first;
 }
 
-void SelectionOwner::run(std::optional<Clock::time_point> end, int stopDescriptor,
-                         const std::function<void()>& onOwned)
+void SelectionOwner::work()
 {
-    take();
-    const auto cookie = xcb_get_selection_owner(connection_.get(), intern("CLIPBOARD"));
-    const Received<xcb_get_selection_owner_reply_t> owner(
-        xcb_get_selection_owner_reply(connection_.get(), cookie, nullptr));
-    if (!owner || owner->owner != window_)
-        throw std::runtime_error("the selection was not given to us");
-    onOwned();
-    if (behaviour_.takesAgainEvery)
-        after(*behaviour_.takesAgainEvery, [this] { takeAgain(); });
-    if (behaviour_.clearsAfter)
-        after(*behaviour_.clearsAfter, [this] {
-            xcb_set_selection_owner(connection_.get(), XCB_NONE, intern("CLIPBOARD"), currentServerTime());
-        });
-    while (!end || Clock::now() < *end) {
-        runDueActions();
-        while (!deferred_.empty()) {
-            const auto event = std::move(deferred_.front());
-            deferred_.erase(deferred_.begin());
-            handle(*event);
-        }
-        while (const Received<xcb_generic_event_t> event{xcb_poll_for_event(connection_.get())})
-            handle(*event);
-        xcb_flush(connection_.get());
-        if (xcb_connection_has_error(connection_.get()) != 0)
-            return;
-        pollfd sources[] = {{xcb_get_file_descriptor(connection_.get()), POLLIN, 0},
-                            {stopDescriptor, POLLIN, 0}};
-        poll(sources, std::size(sources), deferred_.empty() ? millisecondsUntilNext(end) : 0);
-        if (sources[1].revents != 0)
-            return;
+    runDueActions();
+    client_.flush(); // This may bring events in, too; hence before the look for them.
+    while (const Event event = client_.nextEvent()) {
+        handle(*event);
+        client_.flush();
     }
 }
 
 void SelectionOwner::handle(const xcb_generic_event_t& event)
 {
-    switch (event.response_type & 0x7F) {
-    case XCB_SELECTION_REQUEST:
-        return handleRequest(reinterpret_cast<const xcb_selection_request_event_t&>(event));
-    case XCB_SELECTION_CLEAR:
-        return behaviour_.takesBack ? take() : void();
-    case XCB_PROPERTY_NOTIFY: {
+    if (copying_) {
+        copying_->handle(event);
+        adoptCopy();
+    }
+    const int kind = kindOf(event);
+    if (kind == XCB_SELECTION_REQUEST)
+        return handleRequest(reinterpret_cast<const Request&>(event));
+    if (kind == XCB_SELECTION_CLEAR)
+        return handleClear(reinterpret_cast<const xcb_selection_clear_event_t&>(event));
+    if (kind == XCB_DESTROY_NOTIFY)
+        return forgetWindow(reinterpret_cast<const xcb_destroy_notify_event_t&>(event).window);
+    if (kind == XCB_PROPERTY_NOTIFY) {
         const auto& change = reinterpret_cast<const xcb_property_notify_event_t&>(event);
         if (change.state == XCB_PROPERTY_DELETE)
             continueIncrements({change.window, change.atom});
-        return;
-    }
-    default:
-        return;
+    } else if (kind == ownerChangeEvent_) {
+        const auto& change = reinterpret_cast<const xcb_xfixes_selection_notify_event_t&>(event);
+        handleOtherOwner(change.owner, change.selection_timestamp);
     }
 }
 
-void SelectionOwner::handleRequest(const xcb_selection_request_event_t& request)
+void SelectionOwner::handleClear(const xcb_selection_clear_event_t& clear)
 {
-    const bool asksForTargets = request.target == intern("TARGETS");
+    if (isBefore(clear.time, lastTaken_))
+        return; // It has been taken again since.
+    ownedSince_.reset();
+    if (behaviour_.takesBack)
+        take();
+}
+
+void SelectionOwner::handleRequest(const Request& request)
+{
+    const bool asksForTargets = request.target == client_.atom("TARGETS");
     if (behaviour_.answers == Answers::none ||
-        (behaviour_.answers == Answers::onlyTargets && !asksForTargets))
+        (behaviour_.answers == Answers::onlyTargets && !asksForTargets) ||
+        (request.property == XCB_NONE && !behaviour_.servesObsoleteClients))
         return;
     if (behaviour_.death == Death::whenAsked && !asksForTargets)
         _exit(EXIT_SUCCESS);
     after(behaviour_.answerDelay, [this, request] { answer(request); });
 }
 
-void SelectionOwner::answer(const xcb_selection_request_event_t& asked)
+void SelectionOwner::answer(const Request& asked)
 {
-    xcb_selection_request_event_t request = asked;
+    Request request = asked;
     if (request.property == XCB_NONE)
         request.property = request.target; // An obsolete client (ICCCM section 2.2).
+    const bool isGranted = mayBeServed(asked) && writeTarget(request);
+    sendAnswer(request, isGranted);
+    if (behaviour_.answersTwice)
+        sendAnswer(request, isGranted);
+}
+
+bool SelectionOwner::mayBeServed(const Request& request)
+{
+    if (request.property == XCB_NONE && request.target == client_.atom("MULTIPLE"))
+        return false; // There is no list of what to convert (ICCCM section 2.6.2).
+    const bool isFromBefore =
+        request.time != XCB_CURRENT_TIME && ownedSince_ && isBefore(request.time, *ownedSince_);
+    return !isFromBefore || !behaviour_.heedsTime;
+}
+
+void SelectionOwner::sendAnswer(const Request& request, bool isGranted)
+{
     xcb_selection_notify_event_t notice = {};
     notice.response_type = XCB_SELECTION_NOTIFY;
     notice.requestor = request.requestor;
     notice.selection = request.selection;
     notice.target = request.target;
     notice.time = request.time;
-    notice.property = writeTarget(request) ? request.property : static_cast<xcb_atom_t>(XCB_NONE);
+    notice.property = isGranted ? request.property : static_cast<xcb_atom_t>(XCB_NONE);
+    if (behaviour_.answerError == AnswerError::otherSelection)
+        notice.selection = XCB_ATOM_SECONDARY;
+    if (behaviour_.answerError == AnswerError::otherTarget)
+        notice.target = XCB_ATOM_DRAWABLE;
+    if (behaviour_.answerError == AnswerError::otherProperty && isGranted)
+        notice.property = XCB_ATOM_CUT_BUFFER0;
     // Every event is 32 bytes on the wire.
     std::array<char, 32> event = {};
     std::memcpy(event.data(), &notice, sizeof notice);
-    xcb_send_event(connection_.get(), 0, request.requestor, XCB_EVENT_MASK_NO_EVENT, event.data());
-    xcb_flush(connection_.get());
+    xcb_send_event(client_.connection(), 0, request.requestor, XCB_EVENT_MASK_NO_EVENT, event.data());
 }
 
-bool SelectionOwner::writeTarget(const xcb_selection_request_event_t& request)
+bool SelectionOwner::writeTarget(const Request& request)
 {
-    if (const Offer* offer = offerFor(request.target))
-        return !offer->type.empty() && writeOffer(request, *offer);
-    return request.target == intern("TARGETS") && writeTargets(request);
+    if (request.target == client_.atom("TARGETS"))
+        return writeTargets(request);
+    if (request.target == client_.atom("TIMESTAMP"))
+        return writeRequired(request, behaviour_.timestamp, XCB_ATOM_INTEGER, {lastTaken_});
+    if (request.target == client_.atom("MULTIPLE"))
+        return behaviour_.multiple != RequiredTarget::refused && writeMultiple(request);
+    const Offer* offer = offerFor(request.target);
+    return offer != nullptr && writeOffer(request, *offer);
 }
 
-bool SelectionOwner::writeTargets(const xcb_selection_request_event_t& request)
+bool SelectionOwner::writeTargets(const Request& request)
 {
-    std::vector<xcb_atom_t> targets;
+    std::vector<std::uint32_t> targets;
     for (const Offer& offer : behaviour_.offers)
-        targets.push_back(intern(offer.target));
+        targets.push_back(client_.atom(offer.target));
     for (const std::string& promise : behaviour_.emptyPromises)
-        targets.push_back(intern(promise));
-    targets.push_back(intern("TARGETS"));
-    xcb_change_property(connection_.get(), XCB_PROP_MODE_REPLACE, request.requestor, request.property,
-                        XCB_ATOM_ATOM, 32, static_cast<std::uint32_t>(targets.size()), targets.data());
+        targets.push_back(client_.atom(promise));
+    targets.insert(targets.end(), inventedTargets_.begin(), inventedTargets_.end());
+    for (const auto* required : {"TARGETS", "TIMESTAMP", "MULTIPLE"})
+        targets.push_back(client_.atom(required));
+    return writeRequired(request, behaviour_.targets, XCB_ATOM_ATOM, targets);
+}
+
+bool SelectionOwner::writeRequired(const Request& request, RequiredTarget manner, xcb_atom_t type,
+                                   const std::vector<std::uint32_t>& items)
+{
+    if (manner == RequiredTarget::refused)
+        return false;
+    client_.writeProperty(request.requestor, request.property,
+                          manner == RequiredTarget::wrongType ? client_.atom("SELECTION_OWNERS_TYPE") : type,
+                          manner == RequiredTarget::wrongFormat ? 8 : 32, bytesOf(items));
     return true;
 }
 
-bool SelectionOwner::writeOffer(const xcb_selection_request_event_t& request, const Offer& offer)
+/// The property lists pairs of a target and a property; the targets that cannot be converted become None
+/// (ICCCM section 2.6.2).
+bool SelectionOwner::writeMultiple(const Request& request)
 {
-    const bool goesInIncrements = behaviour_.incrementBytes || offer.bytes.size() > mostWholeBytes;
-    if (!goesInIncrements) {
-        const std::size_t items = offer.bytes.size() / static_cast<std::size_t>(offer.format / 8);
-        xcb_change_property(connection_.get(), XCB_PROP_MODE_REPLACE, request.requestor, request.property,
-                            intern(offer.type), static_cast<std::uint8_t>(offer.format),
-                            static_cast<std::uint32_t>(items), offer.bytes.data());
-        return true;
+    auto pairs = client_.property(request.requestor, request.property).items();
+    for (std::size_t index = 0; index + 1 < pairs.size(); index += 2) {
+        Request part = request;
+        part.target = pairs[index];
+        part.property = pairs[index + 1];
+        const bool isNested = part.target == client_.atom("MULTIPLE");
+        if ((part.property == XCB_NONE || isNested || !writeTarget(part)) &&
+            behaviour_.multipleRefusals == MultipleRefusals::marked)
+            pairs[index] = XCB_NONE;
     }
-    const std::uint32_t events = XCB_EVENT_MASK_PROPERTY_CHANGE;
-    xcb_change_window_attributes(connection_.get(), request.requestor, XCB_CW_EVENT_MASK, &events);
-    const auto size = behaviour_.announcedBytes.value_or(static_cast<std::uint32_t>(offer.bytes.size()));
-    xcb_change_property(connection_.get(), XCB_PROP_MODE_REPLACE, request.requestor, request.property,
-                        intern("INCR"), 32, 1, &size);
-    increments_[{request.requestor, request.property}] = {&offer};
+    if (pairs.empty())
+        return false;
+    client_.writeProperty(request.requestor, request.property, client_.atom("ATOM_PAIR"), 32, bytesOf(pairs));
     return true;
+}
+
+bool SelectionOwner::writeOffer(const Request& request, const Offer& offer)
+{
+    const bool isLarge = offer.bytes->size() > mostWholeBytes && !behaviour_.sendsWhole;
+    if (behaviour_.incrementBytes || isLarge)
+        beginIncrements(request, offer);
+    else
+        client_.writeProperty(request.requestor, request.property, client_.atom(offer.type), offer.format,
+                              *offer.bytes);
+    return true;
+}
+
+const Offer* SelectionOwner::offerFor(xcb_atom_t target)
+{
+    const auto found = std::ranges::find_if(
+        behaviour_.offers, [&](const Offer& offer) { return client_.atom(offer.target) == target; });
+    return found == behaviour_.offers.end() ? nullptr : &*found;
+}
+
+void SelectionOwner::beginIncrements(const Request& request, const Offer& offer)
+{
+    const std::uint32_t events = XCB_EVENT_MASK_PROPERTY_CHANGE | XCB_EVENT_MASK_STRUCTURE_NOTIFY;
+    xcb_change_window_attributes(client_.connection(), request.requestor, XCB_CW_EVENT_MASK, &events);
+    std::vector<std::uint32_t> announcement;
+    if (!behaviour_.announcesNothing)
+        announcement.push_back(
+            behaviour_.announcedBytes.value_or(static_cast<std::uint32_t>(offer.bytes->size())));
+    client_.writeProperty(request.requestor, request.property, client_.atom("INCR"), 32,
+                          bytesOf(announcement));
+    increments_[{request.requestor, request.property}] = {offer};
 }
 
 void SelectionOwner::continueIncrements(Place place)
@@ -248,7 +312,7 @@ void SelectionOwner::sendIncrement(Place place)
     if (found == increments_.end())
         return;
     Increments& increments = found->second;
-    const std::string& bytes = increments.offer->bytes;
+    const std::string& bytes = *increments.offer.bytes;
     if (behaviour_.silentAfterIncrements && increments.sent >= *behaviour_.silentAfterIncrements)
         return;
     if (behaviour_.death == Death::amidIncrements && increments.offset * 2 >= bytes.size())
@@ -257,27 +321,62 @@ void SelectionOwner::sendIncrement(Place place)
         _exit(EXIT_SUCCESS);
     if (behaviour_.isEndless && increments.offset >= bytes.size())
         increments.offset = 0;
-    const std::size_t pieceBytes = behaviour_.incrementBytes.value_or(mostWholeBytes);
+    if (increments.isComplete) // Only one that writes after the end comes here.
+        increments.offset = 0;
+    const std::size_t pieceBytes =
+        std::min(behaviour_.incrementBytes.value_or(mostWholeBytes), client_.mostBytesInRequest());
     const std::size_t length = std::min(pieceBytes, bytes.size() - increments.offset);
-    xcb_change_property(
-        connection_.get(), XCB_PROP_MODE_REPLACE, place.first, place.second, intern(increments.offer->type),
-        static_cast<std::uint8_t>(increments.offer->format),
-        static_cast<std::uint32_t>(length * 8 / static_cast<std::size_t>(increments.offer->format)),
-        bytes.data() + increments.offset);
-    xcb_flush(connection_.get());
+    client_.writeProperty(place.first, place.second, client_.atom(increments.offer.type),
+                          increments.offer.format, std::string_view(bytes).substr(increments.offset, length));
+    client_.flush();
     increments.offset += length;
     ++increments.sent;
-    if (length == 0)
+    if (increments.isComplete || (length == 0 && !behaviour_.writesAfterEnd))
         increments_.erase(found);
+    else if (length == 0)
+        increments.isComplete = true;
 }
 
-const Offer* SelectionOwner::offerFor(xcb_atom_t target)
+void SelectionOwner::forgetWindow(xcb_window_t window)
 {
-    for (const Offer& offer : behaviour_.offers) {
-        if (intern(offer.target) == target)
-            return &offer;
+    std::erase_if(increments_, [&](const auto& entry) { return entry.first.first == window; });
+}
+
+void SelectionOwner::watchOthers()
+{
+    const xcb_query_extension_reply_t* extension =
+        xcb_get_extension_data(client_.connection(), &xcb_xfixes_id);
+    if (extension == nullptr || extension->present == 0)
+        throw std::runtime_error("the X server has no XFIXES extension");
+    // The server answers no other request of the extension before this one.
+    const auto cookie = xcb_xfixes_query_version(client_.connection(), 5, 0);
+    const Received<xcb_xfixes_query_version_reply_t> version(
+        xcb_xfixes_query_version_reply(client_.connection(), cookie, nullptr));
+    xcb_xfixes_select_selection_input(client_.connection(), window_, selection_,
+                                      XCB_XFIXES_SELECTION_EVENT_MASK_SET_SELECTION_OWNER);
+    client_.roundTrip();
+    ownerChangeEvent_ = extension->first_event + XCB_XFIXES_SELECTION_NOTIFY;
+}
+
+void SelectionOwner::handleOtherOwner(xcb_window_t owner, xcb_timestamp_t time)
+{
+    if (owner == window_ || owner == XCB_NONE)
+        return;
+    copying_.emplace(client_,
+                     Transfer::Request{client_.createWindow(), selection_, client_.atom("UTF8_STRING"),
+                                       client_.atom("SELECTION_OWNERS_COPY"), time});
+    copying_->ask();
+}
+
+void SelectionOwner::adoptCopy()
+{
+    if (!copying_->isOver())
+        return;
+    if (copying_->state() == Transfer::State::delivered) {
+        behaviour_.offers = {offer("UTF8_STRING", copying_->value().bytes)};
+        take();
     }
-    return nullptr;
+    copying_.reset();
 }
 
 } // namespace tessel::owners

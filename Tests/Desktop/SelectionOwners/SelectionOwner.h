@@ -2,69 +2,102 @@
 
 #include <functional>
 #include <map>
-#include <memory>
+#include <optional>
 #include <string>
 #include <utility>
 #include <vector>
 
-#include <xcb/xcb.h>
-
 #include "Behaviour.h"
+#include "Transfer.h"
+#include "XClient.h"
 
 namespace tessel::owners {
 
-/// A client that owns CLIPBOARD and behaves as it was told.
+/// A client that owns a selection and behaves as it was told.
 class SelectionOwner {
 public:
-    /// Throws when there is no display.
-    explicit SelectionOwner(Behaviour behaviour);
-    ~SelectionOwner();
-    SelectionOwner(const SelectionOwner&) = delete;
-    SelectionOwner& operator=(const SelectionOwner&) = delete;
+    /// Throws `NothingThere` when there is no display.
+    SelectionOwner(Behaviour behaviour, std::string selection);
 
-    /// Serves until `end`, or until `stopDescriptor` becomes readable, or for ever. `onOwned` runs once, when
-    /// the selection is owned. Returns early when the connection breaks.
-    void run(std::optional<std::chrono::steady_clock::time_point> end, int stopDescriptor,
-             const std::function<void()>& onOwned);
+    XClient& client() { return client_; }
+
+    /// Takes the selection for the first time. Throws when it is not given.
+    void begin();
+    /// Does everything that is due or was asked for.
+    void work();
+    /// What `work` does with each event of the client, for callers with a loop of their own.
+    void handle(const xcb_generic_event_t& event);
+    /// When `work` is to be called at the latest; none: when something comes.
+    std::optional<Clock::time_point> nextAction() const;
+    /// Has no more to do.
+    bool isOver() const { return isOver_ || client_.isBroken(); }
+    /// Somebody else has the selection, and nobody is being sent increments.
+    bool isDispensable() const { return !ownedSince_ && increments_.empty() && actions_.empty(); }
+    /// Has taken the selection as often as it was to.
+    bool hasTakenAll() const
+    {
+        return behaviour_.takesAgainAtMost && takings_ > *behaviour_.takesAgainAtMost;
+    }
 
 private:
-    using Clock = std::chrono::steady_clock;
     using Place = std::pair<xcb_window_t, xcb_atom_t>;
+    using Request = xcb_selection_request_event_t;
     struct Increments {
-        const Offer* offer;
+        Offer offer;
         std::size_t offset = 0;
         std::size_t sent = 0;
+        bool isComplete = false;
     };
 
-    xcb_atom_t intern(const std::string& name);
-    xcb_timestamp_t currentServerTime();
     void take();
+    /// False: it was not given.
+    bool takeSurely();
     void takeAgain();
     void after(std::chrono::milliseconds delay, std::function<void()> action);
     void runDueActions();
-    int millisecondsUntilNext(std::optional<Clock::time_point> end) const;
-    void handle(const xcb_generic_event_t& event);
-    void handleRequest(const xcb_selection_request_event_t& request);
-    void answer(const xcb_selection_request_event_t& request);
-    bool writeTarget(const xcb_selection_request_event_t& request);
-    bool writeTargets(const xcb_selection_request_event_t& request);
-    bool writeOffer(const xcb_selection_request_event_t& request, const Offer& offer);
-    void continueIncrements(Place place);
-    void sendIncrement(Place place);
+
+    void handleClear(const xcb_selection_clear_event_t& clear);
+    void handleRequest(const Request& request);
+    void answer(const Request& request);
+    bool mayBeServed(const Request& request);
+    void sendAnswer(const Request& request, bool isGranted);
+
+    bool writeTarget(const Request& request);
+    bool writeTargets(const Request& request);
+    bool writeTimestamp(const Request& request);
+    bool writeMultiple(const Request& request);
+    bool writeOffer(const Request& request, const Offer& offer);
+    /// As the item of a required target is to be written, or otherwise.
+    bool writeRequired(const Request& request, RequiredTarget manner, xcb_atom_t type,
+                       const std::vector<std::uint32_t>& items);
     const Offer* offerFor(xcb_atom_t target);
 
-    struct Disconnect {
-        void operator()(xcb_connection_t* connection) const { xcb_disconnect(connection); }
-    };
+    void beginIncrements(const Request& request, const Offer& offer);
+    void continueIncrements(Place place);
+    void sendIncrement(Place place);
+    void forgetWindow(xcb_window_t window);
+
+    void watchOthers();
+    void handleOtherOwner(xcb_window_t owner, xcb_timestamp_t time);
+    void adoptCopy();
+
     Behaviour behaviour_;
-    std::unique_ptr<xcb_connection_t, Disconnect> connection_;
-    xcb_window_t window_ = XCB_NONE;
-    std::map<std::string, xcb_atom_t> atoms_;
+    XClient client_;
+    xcb_atom_t selection_;
+    xcb_window_t window_;
+    /// The beginning of the time for which it has owned the selection without a break; none: it does not own
+    /// it.
+    std::optional<xcb_timestamp_t> ownedSince_;
+    xcb_timestamp_t lastTaken_ = XCB_CURRENT_TIME;
+    int takings_ = 0;
+    bool isOver_ = false;
+    std::string firstText_;
+    std::vector<xcb_atom_t> inventedTargets_;
     std::multimap<Clock::time_point, std::function<void()>> actions_;
     std::map<Place, Increments> increments_;
-    std::vector<std::unique_ptr<xcb_generic_event_t, void (*)(void*)>> deferred_;
-    int takings_ = 0;
-    std::string firstText_;
+    std::optional<Transfer> copying_;
+    /// The event by which changes of the owner are announced; none: they are not watched.
+    std::optional<int> ownerChangeEvent_;
 };
 
 } // namespace tessel::owners

@@ -1,74 +1,42 @@
-// selection-owners: named owners of the CLIPBOARD selection, good ones and bad ones, to test other programs
-// with.
+// selection-owners: owners and requestors of X selections, good ones and bad ones, each with a name, to test
+// other programs with.
 
 #include <csignal>
-#include <cstdlib>
+#include <fstream>
 #include <iostream>
-#include <stdexcept>
 
 #include <sys/signalfd.h>
-#include <unistd.h>
 
-#include "Behaviour.h"
-#include "SelectionOwner.h"
+#include "Check.h"
+#include "CommandLine.h"
+#include "NothingThere.h"
+#include "OwnerCatalogue.h"
+#include "OwnerStage.h"
+#include "Report.h"
+#include "RequestorCatalogue.h"
 
 namespace tessel::owners {
 namespace {
 
-constexpr std::string_view usage = "usage: selection-owners --list\n"
-                                   "       selection-owners <name> [--for SECONDS] [--text TEXT] [--file "
-                                   "PATH] [--mime TYPE] [--size MEGABYTES]\n"
-                                   "Owns CLIPBOARD in the named way, prints \"owned\" once it does, and "
-                                   "stays until the time is over or SIGTERM comes.\n";
+/// Exit statuses.
+constexpr int ownerIsGood = 0;
+constexpr int ownerIsBad = 1;
+constexpr int wrongUsage = 2;
+constexpr int nothingThere = 3;
 
-struct Arguments {
-    std::string name;
-    Options options;
-    std::optional<double> seconds;
-};
-
-void list()
-{
-    for (const NamedBehaviour& entry : catalogue())
-        std::cout << entry.name << "\n    " << entry.description << "\n";
-}
-
-Arguments parse(const std::vector<std::string>& words)
-{
-    Arguments arguments;
-    for (std::size_t index = 0; index < words.size(); ++index) {
-        const std::string& word = words[index];
-        if (!word.starts_with("--")) {
-            arguments.name = word;
-            continue;
-        }
-        if (index + 1 == words.size())
-            throw std::invalid_argument(word + " lacks its value");
-        const std::string& value = words[++index];
-        if (word == "--for")
-            arguments.seconds = std::stod(value); // "10s" reads as 10.
-        else if (word == "--text")
-            arguments.options.text = value;
-        else if (word == "--file")
-            arguments.options.file = value;
-        else if (word == "--mime")
-            arguments.options.mime = value;
-        else if (word == "--size")
-            arguments.options.megabytes = std::stoul(value);
-        else
-            throw std::invalid_argument("unknown option " + word);
-    }
-    return arguments;
-}
-
-const NamedBehaviour& behaviourNamed(const std::string& name)
-{
-    for (const NamedBehaviour& entry : catalogue()) {
-        if (entry.name == name)
-            return entry;
-    }
-    throw std::invalid_argument("there is no owner named '" + name + "'; --list shows them");
-}
+constexpr std::string_view usage =
+    "usage: selection-owners --list\n"
+    "       selection-owners <owner> [--selection NAME] [--for TIME] [--text TEXT] [--file PATH] [--mime "
+    "TYPE]\n"
+    "                                [--size MEGABYTES]\n"
+    "       selection-owners <requestor> [--selection NAME] [--target NAME] [--patience TIME] [--for TIME]\n"
+    "                                    [--count NUMBER] [--every MILLISECONDS] [--output PATH]\n"
+    "An owner takes the selection (CLIPBOARD) in the named way, prints \"owned\" once it has it, and stays "
+    "until\n"
+    "the time is over or SIGTERM comes. A requestor asks the present owner in the named way, and prints what "
+    "it\n"
+    "saw. Times are seconds: 10, 10s, 0.5s, 500ms.\n"
+    "Exit status: 0 the owner behaved, 1 it did not, 2 wrong usage, 3 there is no display or no owner.\n";
 
 /// A descriptor that becomes readable when the program is asked to end.
 int stopDescriptor()
@@ -81,31 +49,67 @@ int stopDescriptor()
     return signalfd(-1, &signals, SFD_CLOEXEC);
 }
 
-void own(const Arguments& arguments)
+int own(const NamedOwner& named, const Options& options)
 {
-    std::optional<std::chrono::steady_clock::time_point> end;
-    if (arguments.seconds)
-        end = std::chrono::steady_clock::now() +
-              std::chrono::milliseconds(static_cast<std::int64_t>(*arguments.seconds * 1000));
-    SelectionOwner owner(behaviourNamed(arguments.name).make(arguments.options));
-    owner.run(end, stopDescriptor(), [] { std::cout << "owned" << std::endl; });
+    std::optional<Clock::time_point> end;
+    if (options.duration)
+        end = Clock::now() + *options.duration;
+    OwnerStage(named.make(options), options.selection).run(end, stopDescriptor(), [](std::string_view word) {
+        std::cout << word << std::endl;
+    });
+    return ownerIsGood;
+}
+
+void write(const std::string& path, const std::string& bytes)
+{
+    std::ofstream file(path, std::ios::binary);
+    file << bytes;
+    if (!file.flush())
+        throw UsageError("cannot write the file '" + path + "'");
+}
+
+int request(const NamedRequestor& named, const Options& options)
+{
+    const Observation observation = named.run(options);
+    const bool printsValue = observation.value && options.output.empty();
+    if (observation.value && !options.output.empty())
+        write(options.output, *observation.value);
+    if (printsValue)
+        std::cout << *observation.value << std::flush;
+    report(printsValue ? std::cerr : std::cout, named, observation);
+    return observation.isGood ? ownerIsGood : ownerIsBad;
+}
+
+/// Null: there is none.
+template <class Groups>
+auto findNamed(const Groups& groups, const std::string& name) -> decltype(&groups.front().entries.front())
+{
+    for (const auto& group : groups) {
+        for (const auto& entry : group.entries) {
+            if (entry.name == name)
+                return &entry;
+        }
+    }
+    return nullptr;
 }
 
 int run(const std::vector<std::string>& words)
 {
-    if (words.empty()) {
-        std::cerr << usage;
-        return EXIT_FAILURE;
-    }
-    if (words.front() == "--list") {
-        list();
-        return EXIT_SUCCESS;
-    }
-    if (words.front() == "--help") {
+    const auto [name, options] = parseCommandLine(words);
+    if (name == "--help")
         std::cout << usage;
-        return EXIT_SUCCESS;
-    }
-    own(parse(words));
+    else if (name == "--list")
+        list(std::cout);
+    else if (name == "--list-markdown")
+        listAsMarkdown(std::cout);
+    else if (name == "check")
+        return check(options, std::cout) ? ownerIsGood : ownerIsBad;
+    else if (const NamedOwner* owner = findNamed(ownerGroups(), name))
+        return own(*owner, options);
+    else if (const NamedRequestor* requestor = findNamed(requestorGroups(), name))
+        return request(*requestor, options);
+    else
+        throw UsageError("there is nothing named '" + name + "'; --list shows what there is");
     return EXIT_SUCCESS;
 }
 
@@ -114,10 +118,14 @@ int run(const std::vector<std::string>& words)
 
 int main(int count, char** words)
 {
+    using namespace tessel::owners;
     try {
-        return tessel::owners::run({words + 1, words + count});
+        return run({words + 1, words + count});
+    } catch (const std::invalid_argument& failure) {
+        std::cerr << "selection-owners: " << failure.what() << "\n" << usage;
+        return wrongUsage;
     } catch (const std::exception& failure) {
         std::cerr << "selection-owners: " << failure.what() << "\n";
-        return EXIT_FAILURE;
+        return nothingThere;
     }
 }

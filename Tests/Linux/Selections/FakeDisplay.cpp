@@ -75,6 +75,19 @@ void FakeDisplay::killOwner()
     });
 }
 
+void FakeDisplay::takeByStranger(AtomID selection)
+{
+    setOwner(createForeignWindow(), selection, ++time_, OwnerChangeReason::ownerSet);
+}
+
+void FakeDisplay::killStranger(AtomID selection)
+{
+    selections_[selection].owner = noWindow;
+    post([this, selection, time = ++time_] {
+        coordinator->ownerChanged({selection, noWindow, OwnerChangeReason::windowDestroyed, time}, now);
+    });
+}
+
 bool FakeDisplay::isOwnedByUs(AtomID selection) const
 {
     return ownerOf(selection) == ownWindow;
@@ -100,13 +113,14 @@ void FakeDisplay::destroyForeignWindow(WindowID window)
         post([this, window] { coordinator->windowGone(window); });
 }
 
-void FakeDisplay::request(WindowID requestor, AtomID selection, AtomID target, AtomID property,
+bool FakeDisplay::request(WindowID requestor, AtomID selection, AtomID target, AtomID property,
                           std::optional<ServerTime> time)
 {
     if (!isOwnedByUs(selection))
-        return;
+        return false;
     const SelectionRequest asked = {ownWindow, requestor, selection, target, property, time.value_or(time_)};
     post([this, asked] { coordinator->selectionRequested(asked, now); });
+    return true;
 }
 
 std::optional<FakeProperty> FakeDisplay::takeProperty(WindowID window, AtomID property)
@@ -199,7 +213,7 @@ void FakeDisplay::answer(WindowID ownerWindow, const SelectionRequest& conversio
             const auto announced =
                 value.announced.value_or(static_cast<std::uint32_t>(value.value.bytes.size()));
             increments_[place] = {ownerWindow, value};
-            put(place, {atoms.incr, 32, atomBytes({announced})});
+            put(place, value.announcement.value_or(FakeProperty{atoms.incr, 32, atomBytes({announced})}));
         } else if (!value.isMissing) {
             put(place, value.value);
         }
@@ -223,6 +237,7 @@ void FakeDisplay::put(Place place, FakeProperty value)
 void FakeDisplay::readProperty(WindowID window, AtomID property, std::size_t offset, std::size_t length,
                                AfterReading afterwards)
 {
+    ++readCount;
     FakeProperty piece = {noAtom, 0, {}};
     std::size_t bytesAfter = 0;
     const auto found = properties_.find({window, property});

@@ -21,6 +21,8 @@ struct FakeProperty {
     AtomID type = noAtom;
     int format = 8;
     std::string bytes;
+
+    bool operator==(const FakeProperty&) const = default;
 };
 
 /// How an owner sends one of its targets.
@@ -32,6 +34,8 @@ struct FakeTarget {
     std::optional<std::size_t> silentAfter = std::nullopt;
     /// What the INCR property announces. None: the truth.
     std::optional<std::uint32_t> announced = std::nullopt;
+    /// The whole INCR property. None: as the type demands.
+    std::optional<FakeProperty> announcement = std::nullopt;
     /// Starts over when it has come to the end.
     bool isEndless = false;
     /// Says that the property is there, and has not written it.
@@ -66,12 +70,18 @@ public:
     void clearClipboard();
     /// The owner's connection ends.
     void killOwner();
+    /// Somebody takes a selection that is none of the clipboard's, or dies with it.
+    void takeByStranger(AtomID selection);
+    void killStranger(AtomID selection);
     bool isOwnedByUs(AtomID selection) const;
     WindowID ownerOf(AtomID selection) const;
+    /// The server's time of the last taking.
+    ServerTime timeOfTaking(AtomID selection) const { return selections_.at(selection).time; }
     /// Another client's window, which asks for a selection.
     WindowID createForeignWindow();
     void destroyForeignWindow(WindowID window);
-    void request(WindowID requestor, AtomID selection, AtomID target, AtomID property,
+    /// False: the selection is not ours, and the server has answered itself.
+    bool request(WindowID requestor, AtomID selection, AtomID target, AtomID property,
                  std::optional<ServerTime> time = std::nullopt);
     /// What a requestor finds, which takes it away as well.
     std::optional<FakeProperty> takeProperty(WindowID window, AtomID property);
@@ -93,6 +103,7 @@ public:
     std::size_t createdRequestors = 0;
     std::set<WindowID> watched;
     std::size_t bytesRead = 0;
+    std::size_t readCount = 0;
     /// What we have asked owners for.
     std::vector<AtomID> convertedTargets;
     /// How often an owner has met a window of ours that was gone.

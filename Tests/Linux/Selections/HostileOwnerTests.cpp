@@ -1,4 +1,6 @@
 #include <csignal>
+#include <filesystem>
+#include <fstream>
 
 #include "PasteboardFixture.h"
 #include "RawRequestor.h"
@@ -81,6 +83,39 @@ TEST_F(HostileOwners, ASilentOneHindersNobody)
     expectNoHindrance({"stalls"});
     expectNoHindrance({"drip"});
     expectNoHindrance({"late"});
+}
+
+/// How often the worker thread has waited for something, by now.
+long wakeUpsOfTheWorker()
+{
+    for (const auto& thread : std::filesystem::directory_iterator("/proc/self/task")) {
+        std::string name;
+        std::getline(std::ifstream(thread.path() / "comm") >> std::ws, name);
+        if (name != "selections")
+            continue;
+        std::ifstream status(thread.path() / "status");
+        std::string word;
+        long count = 0;
+        while (status >> word) {
+            if (word == "voluntary_ctxt_switches:" && status >> count)
+                return count;
+        }
+    }
+    throw std::runtime_error("there is no worker thread");
+}
+
+TEST_F(HostileOwners, ADrippingOneWakesTheWorkerOnlyWithItsDrops)
+{
+    own({"drip", "--text", std::string(1000, 'x')});
+    const auto start = std::chrono::steady_clock::now();
+    // What there was to say in the beginning has been said when somebody else has been answered.
+    ASSERT_TRUE(RawRequestor(display().name()).ask("CLIPBOARD_MANAGER", "TIMESTAMP"));
+    const long before = wakeUpsOfTheWorker();
+    const auto elapsed = [&] { return std::chrono::steady_clock::now() - start; };
+    EXPECT_FALSE(loop_.runUntil([] { return false; }, std::chrono::milliseconds(2500)));
+    const auto drops = std::chrono::duration_cast<std::chrono::seconds>(elapsed()).count() + 1;
+    EXPECT_LE(wakeUpsOfTheWorker() - before, 30 * drops) << "about five events for each drop";
+    expectTheNextCopyToArrive();
 }
 
 TEST_F(HostileOwners, OneThatGivesNothingIsASkippedValue)

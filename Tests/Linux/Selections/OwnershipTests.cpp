@@ -219,6 +219,86 @@ TEST_F(Ownership, AnApplicationThatQuitsIsToldWhenItsValueIsHere)
     EXPECT_EQ(paste(atoms().clipboard, atoms().html)->bytes, "<b>");
 }
 
+TEST_F(Ownership, WhatAnOwnerGivesUpOnItsWayOutAfterSavingIsOurs)
+{
+    coordinator.becomeClipboardManager();
+    display.deliverAll();
+    const WindowID owner = display.takeClipboard(textOwner("word"));
+    display.deliverAll();
+    const ServerTime quitTime = display.time();
+    display.notices.clear();
+    display.request(owner, atoms().clipboardManager, atoms().saveTargets, 9000);
+    while (display.notices.empty())
+        ASSERT_TRUE(display.deliverOne());
+    display.setSelectionOwner(noWindow, atoms().clipboard, quitTime);
+    display.deliverAll();
+    EXPECT_TRUE(display.isOwnedByUs(atoms().clipboard));
+    EXPECT_EQ(paste(atoms().clipboard, atoms().utf8String)->bytes, "word");
+    EXPECT_EQ(reports.size(), 1U) << "what is kept is not a new value";
+}
+
+TEST_F(Ownership, WhoWaitsIsToldOnceWhatWasWrittenAndOfferedIsOurs)
+{
+    auto value = std::make_shared<SelectionValue>();
+    value->text = std::make_shared<const std::string>("word");
+    writeText(1, "word");
+    coordinator.offerPrimary(value);
+    bool isTold = false;
+    coordinator.whenAvailable([&] { isTold = true; });
+    EXPECT_FALSE(isTold);
+    while (!isTold)
+        ASSERT_TRUE(display.deliverOne());
+    EXPECT_TRUE(display.isOwnedByUs(atoms().clipboard));
+    EXPECT_TRUE(display.isOwnedByUs(atoms().primary));
+}
+
+TEST_F(Ownership, WhoWaitsForNothingIsToldAtOnce)
+{
+    bool isTold = false;
+    coordinator.whenAvailable([&] { isTold = true; });
+    EXPECT_TRUE(isTold);
+}
+
+TEST_F(Ownership, AClearAfterSavingIsAClear)
+{
+    coordinator.becomeClipboardManager();
+    display.deliverAll();
+    const WindowID owner = display.takeClipboard(textOwner("word"));
+    display.deliverAll();
+    display.request(owner, atoms().clipboardManager, atoms().saveTargets, 9000);
+    display.deliverAll();
+    display.clearClipboard();
+    display.deliverAll();
+    EXPECT_EQ(display.ownerOf(atoms().clipboard), noWindow);
+}
+
+TEST_F(Ownership, WhoDoesNotOwnTheClipboardSavesNothing)
+{
+    coordinator.becomeClipboardManager();
+    display.deliverAll();
+    const WindowID owner = display.takeClipboard(textOwner("word"));
+    display.deliverAll();
+    display.notices.clear();
+    display.request(display.createForeignWindow(), atoms().clipboardManager, atoms().saveTargets, 9000);
+    display.deliverAll();
+    EXPECT_EQ(display.notices.size(), 1U);
+    EXPECT_EQ(display.ownerOf(atoms().clipboard), owner);
+}
+
+TEST_F(Ownership, WhoTakesTheSelectionAfterASavedValueKeepsIt)
+{
+    coordinator.becomeClipboardManager();
+    display.deliverAll();
+    const WindowID owner = display.takeClipboard(textOwner("saved"));
+    display.deliverAll();
+    display.request(owner, atoms().clipboardManager, atoms().saveTargets, 9000);
+    const WindowID latest = display.takeClipboard(textOwner("latest"));
+    display.deliverAll();
+    EXPECT_EQ(display.ownerOf(atoms().clipboard), latest);
+    ASSERT_EQ(reports.size(), 2U);
+    EXPECT_EQ(*reports[1].received.value.text, "latest");
+}
+
 TEST_F(Ownership, AnApplicationThatQuitsIsNotLeftWaiting)
 {
     coordinator.becomeClipboardManager();

@@ -2,8 +2,14 @@
 
 #include <gtest/gtest.h>
 
+#include <set>
+
 #include <QImageReader>
 
+#include <malloc.h>
+
+#include "FakeDisplay.h"
+#include "PeakMemory.h"
 #include "TestPictures.h"
 #include "X11/Selections/ImagePreparation.h"
 #include "X11/Selections/PictureConverter.h"
@@ -30,6 +36,12 @@ std::string fingerprint(std::string bytes)
     return image ? image->preparedFingerprint().value_or("(none)") : "(no image)";
 }
 
+/// As the program does it, before anything is decoded.
+class PreparedToolkit : public ::testing::Environment {
+    void SetUp() override { PictureDecoder::prepareToolkit(); }
+};
+const auto* const preparedToolkit = ::testing::AddGlobalTestEnvironment(new PreparedToolkit);
+
 std::string canonicalPNG(const PlatformImage& image)
 {
     std::string bytes;
@@ -42,20 +54,14 @@ std::string canonicalPNG(const PlatformImage& image)
 /// Replaces the width and height that a PNG claims, with a right checksum.
 std::string withClaimedSize(std::string png, std::uint32_t width, std::uint32_t height)
 {
+    std::string header = png.substr(16, 13);
     const auto put = [&](std::size_t at, std::uint32_t value) {
         for (int byte = 0; byte < 4; ++byte)
-            png[at + static_cast<std::size_t>(byte)] = static_cast<char>(value >> (24 - 8 * byte));
+            header[at + static_cast<std::size_t>(byte)] = static_cast<char>(value >> (24 - 8 * byte));
     };
-    put(16, width);
-    put(20, height);
-    std::uint32_t checksum = 0xFFFFFFFF;
-    for (std::size_t index = 12; index < 29; ++index) {
-        checksum ^= static_cast<std::uint8_t>(png[index]);
-        for (int bit = 0; bit < 8; ++bit)
-            checksum = (checksum >> 1) ^ (checksum & 1 ? 0xEDB88320 : 0);
-    }
-    put(29, ~checksum);
-    return png;
+    put(0, width);
+    put(4, height);
+    return png.replace(8, 25, pngChunk("IHDR", header));
 }
 
 TEST(Pictures, EqualPixelsHaveOneFingerprintWhateverTheirForm)
@@ -69,6 +75,120 @@ TEST(Pictures, EqualPixelsHaveOneFingerprintWhateverTheirForm)
     EXPECT_EQ(fingerprint(encodedImage(opaque, "bmp")), expected);
     EXPECT_EQ(fingerprint(encodedImage(opaque, "tiff")), expected);
     EXPECT_EQ(fingerprint(encodedImage(opaque, "webp", 100)), expected);
+}
+
+TEST(Pictures, TheAlphaOfATIFFIsThatOfThePNG)
+{
+    // Every alpha with every colour.
+    QImage image(256, 256, QImage::Format_RGBA8888);
+    for (int y = 0; y < 256; ++y) {
+        for (int x = 0; x < 256; ++x)
+            image.setPixelColor(x, y, QColor(x, 255 - x, x / 2, y));
+    }
+    const std::string expected = fingerprint(encodedImage(image, "png"));
+    for (const TIFFOrder order : {TIFFOrder::littleEndian, TIFFOrder::bigEndian}) {
+        EXPECT_EQ(fingerprint(baselineTIFF(image, TIFFAlpha::unassociated, order)), expected);
+        EXPECT_EQ(fingerprint(baselineTIFF(image, TIFFAlpha::unspecified, order)), expected);
+    }
+    EXPECT_EQ(fingerprint(encodedImage(image, "tiff")), expected);
+    EXPECT_EQ(fingerprint(bmpWithAlpha(image)), expected);
+    const QImage grey = image.convertToFormat(QImage::Format_Alpha8)
+                            .convertToFormat(QImage::Format_RGBA8888); // Black under every alpha.
+    EXPECT_EQ(fingerprint(baselineTIFF(grey, TIFFAlpha::unassociated, TIFFOrder::littleEndian, true)),
+              fingerprint(encodedImage(grey, "png")));
+    QImage light = image;
+    for (int y = 0; y < 256; ++y) {
+        for (int x = 0; x < 256; ++x)
+            light.setPixelColor(x, y, QColor(x, x, x, y));
+    }
+    EXPECT_EQ(fingerprint(baselineTIFF(light, TIFFAlpha::unassociated, TIFFOrder::littleEndian, true)),
+              fingerprint(encodedImage(light, "png")));
+}
+
+TEST(Pictures, PremultipliedColoursAreDividedAndRoundedExactly)
+{
+    // What has been multiplied has lost steps; each sample comes out as the nearest one that it can have
+    // been.
+    QImage associated(256, 256, QImage::Format_RGBA8888);
+    QImage expected(256, 256, QImage::Format_RGBA8888);
+    for (int alpha = 0; alpha < 256; ++alpha) {
+        for (int sample = 0; sample < 256; ++sample) {
+            const int stored = std::min(sample, alpha);
+            const int straight = alpha == 0 ? 0 : (stored * 255 + alpha / 2) / alpha;
+            for (int channel = 0; channel < 3; ++channel) {
+                associated.scanLine(alpha)[4 * sample + channel] = static_cast<uchar>(stored);
+                expected.scanLine(alpha)[4 * sample + channel] = static_cast<uchar>(straight);
+            }
+            associated.scanLine(alpha)[4 * sample + 3] = static_cast<uchar>(alpha);
+            expected.scanLine(alpha)[4 * sample + 3] = static_cast<uchar>(alpha);
+        }
+    }
+    EXPECT_EQ(fingerprint(baselineTIFF(associated, TIFFAlpha::associated)),
+              fingerprint(encodedImage(expected, "png")));
+    QImage deep(64, 64, QImage::Format_RGBA64);
+    QImage deepExpected = deep;
+    for (int y = 0; y < 64; ++y) {
+        for (int x = 0; x < 64; ++x) {
+            const auto alpha = static_cast<quint16>(y * 1040);
+            const auto stored = static_cast<quint16>(std::min<int>(x * 1031, alpha));
+            const auto straight =
+                static_cast<quint16>(alpha == 0 ? 0 : (std::uint64_t{stored} * 65535 + alpha / 2) / alpha);
+            reinterpret_cast<QRgba64*>(deep.scanLine(y))[x] = qRgba64(stored, stored, stored, alpha);
+            reinterpret_cast<QRgba64*>(deepExpected.scanLine(y))[x] =
+                qRgba64(straight, straight, straight, alpha);
+        }
+    }
+    EXPECT_EQ(fingerprint(baselineTIFF(deep, TIFFAlpha::associated)),
+              fingerprint(encodedImage(deepExpected, "png")));
+    EXPECT_EQ(fingerprint(baselineTIFF(deepExpected, TIFFAlpha::unassociated, TIFFOrder::bigEndian)),
+              fingerprint(encodedImage(deepExpected, "png")));
+}
+
+TEST(Pictures, AnAlphaThatIsFullEverywhereMakesNoDifference)
+{
+    const QImage opaque = testImage(40, 30, QImage::Format_RGB888);
+    const QImage withAlpha = opaque.convertToFormat(QImage::Format_RGBA8888);
+    const std::string expected = fingerprint(encodedImage(opaque, "png"));
+    EXPECT_EQ(fingerprint(encodedImage(withAlpha, "png")), expected);
+    EXPECT_EQ(fingerprint(interlacedPNG(withAlpha)), expected);
+    EXPECT_EQ(fingerprint(bmpWithAlpha(withAlpha)), expected);
+    for (const TIFFAlpha alpha :
+         {TIFFAlpha::none, TIFFAlpha::unspecified, TIFFAlpha::associated, TIFFAlpha::unassociated})
+        EXPECT_EQ(fingerprint(baselineTIFF(withAlpha, alpha)), expected) << static_cast<int>(alpha);
+}
+
+TEST(Pictures, FormsWithLossAreThePixelsThatTheyDecodeTo)
+{
+    for (const auto& [format, bytes] : picturesOfEachFormat(90, 70)) {
+        QImage decoded;
+        ASSERT_TRUE(decoded.loadFromData(reinterpret_cast<const uchar*>(bytes.data()),
+                                         static_cast<int>(bytes.size()), format.c_str()))
+            << format;
+        EXPECT_EQ(fingerprint(bytes),
+                  fingerprint(encodedImage(decoded.convertToFormat(QImage::Format_RGBA8888), "png")))
+            << format;
+    }
+    const QImage transparent = testImage(40, 30);
+    EXPECT_EQ(fingerprint(encodedImage(transparent, "webp", 100)),
+              fingerprint(encodedImage(transparent, "png")));
+}
+
+TEST(Pictures, WhatAPictureSaysAboutColoursAndResolutionIsNoPartOfItsPixels)
+{
+    const std::string png = encodedImage(testImage(40, 30), "png");
+    const std::string expected = fingerprint(png);
+    const auto with = [&](const std::string& chunk) {
+        std::string changed = png;
+        changed.insert(33, chunk); // Behind the header.
+        return fingerprint(changed);
+    };
+    using namespace std::string_literals;
+    EXPECT_EQ(with(pngChunk("gAMA", "\0\1\x86\xA0"s)), expected);
+    EXPECT_EQ(with(pngChunk("sRGB", "\0"s)), expected);
+    EXPECT_EQ(with(pngChunk("cHRM", std::string(32, '\1'))), expected);
+    EXPECT_EQ(with(pngChunk("iCCP", "a profile that is none\0\0damaged"s)), expected);
+    EXPECT_EQ(with(pngChunk("tEXt", "Comment\0a text"s)), expected);
+    EXPECT_NE(with(pngChunk("IDAT", "damaged")), expected);
 }
 
 TEST(Pictures, PalettesAndGreysAreTheColoursThatTheyStandFor)
@@ -141,19 +261,36 @@ TEST(Pictures, BrokenOnesAreNoImages)
     std::string damaged = png;
     damaged[damaged.size() / 2] = static_cast<char>(~damaged[damaged.size() / 2]);
     EXPECT_FALSE(prepared(damaged));
-    for (const char* format : {"jpeg", "bmp", "tiff", "webp"}) {
-        const std::string whole = encodedImage(testImage(200, 200, QImage::Format_RGB888), format);
+}
+
+TEST(Pictures, OnesThatAreCutOffAreNoImages)
+{
+    for (const auto& [format, whole] : picturesOfEachFormat(60, 50)) {
         EXPECT_TRUE(prepared(whole)) << format;
-        EXPECT_FALSE(prepared(whole.substr(0, whole.size() / 2))) << format;
+        for (const std::size_t part : {1U, 2U, 5U, 10U, 15U, 19U})
+            EXPECT_FALSE(prepared(whole.substr(0, whole.size() * part / 20))) << format << " " << part;
         EXPECT_FALSE(prepared(whole.substr(0, 20))) << format;
     }
+}
+
+TEST(Pictures, NothingIsWrittenAboutBrokenOnes)
+{
+    testing::internal::CaptureStderr();
+    for (const auto& [format, whole] : picturesOfEachFormat(24, 24)) {
+        prepared(whole.substr(0, whole.size() / 2));
+        for (std::size_t index = 0; index < whole.size(); index += 3) {
+            std::string damaged = whole;
+            damaged[index] = static_cast<char>(~damaged[index]);
+            prepared(std::move(damaged));
+        }
+    }
+    EXPECT_EQ(testing::internal::GetCapturedStderr(), "");
 }
 
 TEST(Pictures, NoDamageDoesMoreThanCostThePicture)
 {
     // Whatever byte is wrong, decoding ends, and well.
-    for (const char* format : {"png", "jpeg", "bmp", "tiff", "webp"}) {
-        const std::string whole = encodedImage(testImage(24, 24, QImage::Format_RGB888), format);
+    for (const auto& [format, whole] : picturesOfEachFormat(24, 24)) {
         for (std::size_t index = 0; index < std::min<std::size_t>(whole.size(), 400); ++index) {
             std::string damaged = whole;
             damaged[index] = static_cast<char>(damaged[index] ^ 0x55);
@@ -171,6 +308,97 @@ TEST(Pictures, DecompressionBombsAreRefusedBeforeTheyAreDecoded)
     EXPECT_FALSE(prepared(withClaimedSize(png, 100, 101))) << "one row more than there is";
     EXPECT_FALSE(PictureDecoder::shapeOf(withClaimedSize(png, 60000, 60000)));
     EXPECT_TRUE(PictureDecoder::shapeOf(withClaimedSize(png, 7680, 4320)));
+}
+
+/// Replaces the value of one entry in a little-endian TIFF that `baselineTIFF` has made.
+std::string withEntry(std::string tiff, std::uint16_t tag, std::uint16_t newTag, std::uint32_t value)
+{
+    std::uint32_t directory = 0;
+    std::memcpy(&directory, tiff.data() + 4, sizeof directory);
+    std::uint16_t count = 0;
+    std::memcpy(&count, tiff.data() + directory, sizeof count);
+    for (std::size_t at = directory + 2; count > 0; --count, at += 12) {
+        std::uint16_t present = 0;
+        std::memcpy(&present, tiff.data() + at, sizeof present);
+        if (present != tag)
+            continue;
+        constexpr std::uint16_t longType = 4;
+        std::memcpy(tiff.data() + at, &newTag, sizeof newTag);
+        std::memcpy(tiff.data() + at + 2, &longType, sizeof longType);
+        std::memcpy(tiff.data() + at + 8, &value, sizeof value);
+    }
+    return tiff;
+}
+
+TEST(Pictures, AbsurdHeadersOfEveryFormatAreRefusedWithoutMuchMemory)
+{
+    const PeakMemory memory;
+    const auto put = [](std::string bytes, std::size_t at, const std::string& value) {
+        return bytes.replace(at, value.size(), value);
+    };
+    auto pictures = picturesOfEachFormat(40, 30);
+    EXPECT_FALSE(prepared(put(pictures["bmp"], 18, "\xFF\xFF\xFF\x7F\xFF\xFF\xFF\x7F")));
+    EXPECT_FALSE(prepared(put(pictures["bmp"], 18, std::string("\0\xFF\0\0\0\xFF\0\0", 8))));
+    EXPECT_FALSE(prepared(put(pictures["gif"], 6, "\xFF\xFF\xFF\xFF")));
+    EXPECT_FALSE(prepared("P6\n65535 65535\n255\nand nothing more"));
+    EXPECT_FALSE(prepared("P6\n99999999999 99999999999\n255\n"));
+    EXPECT_FALSE(prepared("P3\n20000 20000\n255\n1 2 3"));
+    EXPECT_FALSE(prepared("/* XPM */\nstatic char *a[] = {\n\"32767 32767 2 1\",\n\"a c #000000\"};"));
+    EXPECT_FALSE(prepared("/* XPM */\nstatic char *a[] = {\n\"3 3 2000000000 9\",\n\"a c #000000\"};"));
+    const std::string jpegSize = "\xFF\xC0";
+    const std::size_t frame = pictures["jpeg"].find(jpegSize);
+    ASSERT_NE(frame, std::string::npos);
+    EXPECT_FALSE(prepared(put(pictures["jpeg"], frame + 5, "\xFF\xDC\xFF\xDC")));
+    const std::string tiff = baselineTIFF(testImage(40, 30), TIFFAlpha::none);
+    EXPECT_TRUE(prepared(tiff));
+    EXPECT_FALSE(prepared(withEntry(tiff, 256, 256, 0x7FFFFFFF)));
+    EXPECT_FALSE(prepared(withEntry(withEntry(tiff, 256, 256, 20000), 257, 257, 20000)));
+    EXPECT_FALSE(prepared(withEntry(tiff, 277, 277, 60000))) << "samples";
+    // The strips turned into tiles that are far larger than the picture.
+    EXPECT_FALSE(prepared(withEntry(withEntry(tiff, 278, 322, 30000), 279, 323, 30000)));
+    EXPECT_LT(memory.growth(), std::size_t{64} << 20);
+}
+
+TEST(Pictures, AnIconThatHoldsAnotherSizeThanItSaysIsRefused)
+{
+    const auto icon = [](int side, char claimedSide) {
+        const std::string png = encodedImage(testImage(side, side), "png");
+        std::string bytes("\0\0\1\0\1\0", 6);
+        bytes += std::string{claimedSide, claimedSide} + std::string("\0\0\1\0\x20\0", 6);
+        for (int shift = 0; shift < 32; shift += 8)
+            bytes.push_back(static_cast<char>(png.size() >> shift));
+        return bytes + std::string("\x16\0\0\0", 4) + png;
+    };
+    EXPECT_TRUE(prepared(icon(32, 32)));
+    EXPECT_FALSE(prepared(icon(400, 32)));
+}
+
+TEST(Pictures, AJPEGOfEndlessScansIsRefused)
+{
+    // Each scan of a progressive picture costs a pass over all of it, and can be a few bytes long.
+    std::string jpeg = picturesOfEachFormat(40, 30)["jpeg"];
+    const std::size_t scan = jpeg.find("\xFF\xDA");
+    ASSERT_NE(scan, std::string::npos);
+    const std::string aScan = jpeg.substr(scan, jpeg.size() - 2 - scan);
+    for (int number = 0; number < 1000; ++number)
+        jpeg.insert(scan, aScan);
+    EXPECT_FALSE(PictureDecoder::shapeOf(jpeg));
+}
+
+TEST(Pictures, EveryRasterFormatOfTheToolkitIsLetIn)
+{
+    const std::set<QByteArray> leftOut = {"image/svg+xml",   "image/svg+xml-compressed",
+                                          "image/x-xbitmap", "image/vnd.wap.wbmp",
+                                          "image/x-tga",     "image/x-icns",
+                                          "image/x-mng",     "video/x-mng",
+                                          "image/jp2"};
+    const SelectionAtoms atoms = fakeAtoms();
+    for (const QByteArray& type : QImageReader::supportedMimeTypes()) {
+        const bool isLetIn = atoms.pictureTarget(type.toStdString()) != noAtom;
+        EXPECT_NE(isLetIn, leftOut.contains(type)) << type.toStdString();
+    }
+    for (const auto& [format, bytes] : picturesOfEachFormat(20, 10))
+        EXPECT_TRUE(PictureDecoder::kindOf(bytes)) << format;
 }
 
 TEST(Pictures, LongWorkTakesBreathsAndCanBeStopped)
@@ -297,6 +525,25 @@ TEST(Conversions, TransparencyGetsAWhiteGround)
     value.picture = picture(encodedImage(source, "png"));
     EXPECT_EQ(converted(value, "image/bmp", "bmp").pixelColor(5, 5), QColor(Qt::white));
     EXPECT_EQ(converted(value, "image/jpeg", "jpeg").pixelColor(5, 5), QColor(Qt::white));
+}
+
+TEST(Conversions, OfALargePictureTakeThePictureAndItsNewFormAndNoMore)
+{
+    SelectionValue value;
+    {
+        QImage large(3840, 2160, QImage::Format_RGB888);
+        large.fill(Qt::darkCyan);
+        value.picture = picture(encodedImage(large, "png", 100));
+    }
+    mallopt(M_MMAP_THRESHOLD, 1 << 20); // As the worker has it.
+    constexpr std::size_t decodedBytes = std::size_t{3840} * 2160 * 4;
+    for (const char* mimeType : {"image/bmp", "image/tiff", "image/jpeg", "image/png"}) {
+        const PeakMemory memory;
+        const SharedBytes bytes = convertPicture(value, mimeType, Breath());
+        ASSERT_TRUE(bytes);
+        EXPECT_LE(memory.growth(), decodedBytes + bytes->size() + bytes->size() / 4 + (std::size_t{16} << 20))
+            << mimeType << " of " << bytes->size();
+    }
 }
 
 TEST(Conversions, WhatIsBrokenOrUnknownOrStoppedIsNotConverted)

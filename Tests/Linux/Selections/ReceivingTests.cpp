@@ -2,7 +2,10 @@
 
 #include <gtest/gtest.h>
 
+#include <malloc.h>
+
 #include "ClipboardFixture.h"
+#include "PeakMemory.h"
 
 namespace tessel {
 namespace {
@@ -266,6 +269,54 @@ TEST_F(Receiving, AnEndlessOwnerIsGivenUpAtTheBound)
     copy({{atoms().utf8String, endless}});
     expectOneUnreadable();
     EXPECT_LE(display.bytesRead, SelectionReceiver::mostValueBytes + 2 * IncomingConversion::sliceBytes);
+}
+
+TEST_F(Receiving, AnOwnerThatDripsForEverCostsAReadForEachDropAndNothingElse)
+{
+    FakeTarget drip = inIncrements(text("x"), 1);
+    drip.isEndless = true;
+    const PeakMemory memory;
+    display.takeClipboard(ownerOf(atoms(), {{atoms().utf8String, drip}}));
+    constexpr std::size_t drops = 86400; // A day of them.
+    while (display.bytesRead < drops) {
+        ASSERT_TRUE(display.deliverOne());
+        display.passTime(std::chrono::milliseconds(500));
+        ASSERT_GT(*coordinator.deadline(), display.now + IncomingConversion::longestSilence / 2)
+            << "it is looked at although nothing has come";
+    }
+    EXPECT_TRUE(reports.empty());
+    EXPECT_EQ(display.createdRequestors, 1U);
+    EXPECT_LE(display.readCount, drops + 2) << "the targets, the announcement, and the drops";
+    EXPECT_LE(memory.growth(), std::size_t{1} << 20);
+    copy({{atoms().utf8String, text("next")}});
+    EXPECT_EQ(onlyText(), "next");
+}
+
+TEST_F(Receiving, AHugeTextOfEveryFormIsReceivedInTheRoomThatItTakes)
+{
+    constexpr std::size_t megabyte = std::size_t{1} << 20;
+    mallopt(M_MMAP_THRESHOLD, static_cast<int>(megabyte)); // As the worker has it.
+    const auto receive = [&](const FakeTarget& target, AtomID name) {
+        reports.clear();
+        const PeakMemory memory;
+        display.takeClipboard(ownerOf(atoms(), {{name, target}}));
+        display.deliverAll();
+        const std::size_t growth = memory.growth();
+        reports.clear();
+        display.clearClipboard();
+        display.deliverAll();
+        return growth;
+    };
+    // The owner's own copies are in this process, too: two of the value, and the increment under way.
+    constexpr std::size_t size = 40 * megabyte;
+    constexpr std::size_t slack = 4 * megabyte;
+    FakeTarget large = inIncrements(latin1(std::string(size, '\xFC')), megabyte);
+    EXPECT_LE(receive(large, atoms().string), 2 * size + 2 * size + slack) << "every letter takes two bytes";
+    large.value.type = atoms().utf8String;
+    large.value.bytes.assign(size, 'x');
+    EXPECT_LE(receive(large, atoms().utf8String), 2 * size + size + slack);
+    large.announced = 0;
+    EXPECT_LE(receive(large, atoms().utf8String), 2 * size + 2 * size + slack) << "it has to grow";
 }
 
 TEST_F(Receiving, TheAnnouncedLengthIsNotBelieved)

@@ -87,9 +87,60 @@ TEST_F(Serving, TheTimestampIsThatOfTheOwnership)
     ASSERT_TRUE(answer);
     EXPECT_EQ(answer->type, atoms().integer);
     EXPECT_EQ(answer->format, 32);
-    const AtomID time = atomsOf(answer->bytes).at(0);
-    EXPECT_NE(time, currentTime);
-    EXPECT_TRUE(isBefore(time, display.time()));
+    EXPECT_EQ(atomsOf(answer->bytes).at(0), display.timeOfTaking(atoms().clipboard));
+    EXPECT_NE(display.timeOfTaking(atoms().clipboard), currentTime);
+}
+
+TEST_F(Serving, TheTimestampOfAValueThatOutlivedItsOwnerIsThatOfOurTaking)
+{
+    display.takeClipboard(ownerOf(atoms(), {{atoms().utf8String, utf8Target(atoms(), "kept")}}));
+    display.deliverAll();
+    display.killOwner();
+    display.deliverAll();
+    ASSERT_TRUE(display.isOwnedByUs(atoms().clipboard));
+    const auto answer = paste(atoms().clipboard, atoms().timestamp);
+    ASSERT_TRUE(answer);
+    EXPECT_EQ(atomsOf(answer->bytes).at(0), display.timeOfTaking(atoms().clipboard));
+}
+
+TEST_F(Serving, ASelectionThatIsNotOursIsRefused)
+{
+    own("text");
+    const WindowID window = display.createForeignWindow();
+    display.notices.clear();
+    for (const AtomID selection : {atoms().primary, atoms().clipboardManager, AtomID{4242}})
+        coordinator.selectionRequested(
+            {FakeDisplay::ownWindow, window, selection, atoms().utf8String, property, currentTime},
+            display.now);
+    ASSERT_EQ(display.notices.size(), 3U);
+    for (const SelectionNotice& notice : display.notices)
+        EXPECT_EQ(notice.property, noAtom);
+    // And one that was ours when it was asked for.
+    display.takeClipboard(ownerOf(atoms(), {}));
+    display.deliverAll();
+    coordinator.selectionRequested(
+        {FakeDisplay::ownWindow, window, atoms().clipboard, atoms().utf8String, property, currentTime},
+        display.now);
+    EXPECT_EQ(display.notices.back().property, noAtom);
+    EXPECT_EQ(display.property(window, property), nullptr);
+}
+
+TEST_F(Serving, AnAnswerNamesWhatWasAskedFor)
+{
+    own("text");
+    const WindowID window = display.createForeignWindow();
+    const ServerTime time = display.time();
+    for (const AtomID target : {atoms().utf8String, atoms().png}) {
+        display.notices.clear();
+        display.request(window, atoms().clipboard, target, property, time);
+        display.deliverAll();
+        ASSERT_EQ(display.notices.size(), 1U);
+        const SelectionNotice& notice = display.notices[0];
+        EXPECT_EQ(notice.requestor, window);
+        EXPECT_EQ(notice.selection, atoms().clipboard);
+        EXPECT_EQ(notice.target, target);
+        EXPECT_EQ(notice.time, time);
+    }
 }
 
 TEST_F(Serving, ARequestFromBeforeOurOwnershipIsRefused)
@@ -128,6 +179,25 @@ TEST_F(Serving, ALargeTextGoesInIncrements)
     EXPECT_EQ(display.property(window, property)->type, atoms().incr);
     EXPECT_EQ(atomsOf(display.property(window, property)->bytes).at(0), large().size());
     EXPECT_EQ(paste(atoms().clipboard, atoms().utf8String)->bytes, large());
+}
+
+TEST_F(Serving, ALargeTextIsRewrittenToLatin1OnItsWay)
+{
+    std::string text;
+    std::string latin1;
+    for (int line = 0; text.size() < 20000; ++line) {
+        text += "Zeile " + std::to_string(line) + ": Grüße 世\n";
+        latin1 += "Zeile " + std::to_string(line) + ": Gr\xFC\xDF" + "e ?\n";
+    }
+    own(text);
+    const WindowID window = display.createForeignWindow();
+    display.request(window, atoms().clipboard, atoms().string, property);
+    display.deliverAll();
+    ASSERT_TRUE(display.property(window, property));
+    EXPECT_LE(atomsOf(display.property(window, property)->bytes).at(0), latin1.size()) << "no lower bound";
+    const auto answer = paste(atoms().clipboard, atoms().string);
+    EXPECT_EQ(answer->type, atoms().string);
+    EXPECT_EQ(answer->bytes, latin1);
 }
 
 TEST_F(Serving, TheBoundForIncrementsIsAQuarterOfARequest)
@@ -248,6 +318,76 @@ TEST_F(Serving, MultipleConvertsEachPairAndMarksFailures)
     EXPECT_EQ(display.property(window, 9002), nullptr);
     EXPECT_EQ(atomsOf(display.property(window, property)->bytes),
               (std::vector<AtomID>{atoms().utf8String, 9001, atoms().png, noAtom, atoms().string, 9003}));
+}
+
+TEST_F(Serving, MultipleMarksAPairWithoutAPropertyAndGoesOn)
+{
+    own("text");
+    const WindowID window = display.createForeignWindow();
+    display.setProperty(window, property,
+                        {atoms().atomPair, 32,
+                         atomBytes({atoms().utf8String, noAtom, atoms().multiple, 9001, atoms().timestamp,
+                                    9002, atoms().targets, 9003})});
+    display.notices.clear();
+    display.request(window, atoms().clipboard, atoms().multiple, property);
+    display.deliverAll();
+    ASSERT_EQ(display.notices.size(), 1U);
+    EXPECT_EQ(display.notices[0].property, property);
+    EXPECT_EQ(display.property(window, property)->type, atoms().atomPair);
+    EXPECT_EQ(atomsOf(display.property(window, property)->bytes),
+              (std::vector<AtomID>{atoms().utf8String, noAtom, atoms().multiple, noAtom, atoms().timestamp,
+                                   9002, atoms().targets, 9003}));
+    EXPECT_EQ(display.property(window, 9001), nullptr) << "a MULTIPLE within a MULTIPLE";
+    EXPECT_NE(display.property(window, 9002), nullptr);
+    EXPECT_NE(display.property(window, 9003), nullptr);
+}
+
+TEST_F(Serving, MultipleOfNothingIsAnswered)
+{
+    own("text");
+    const WindowID window = display.createForeignWindow();
+    display.setProperty(window, property, {atoms().atomPair, 32, ""});
+    display.notices.clear();
+    display.request(window, atoms().clipboard, atoms().multiple, property);
+    display.deliverAll();
+    ASSERT_EQ(display.notices.size(), 1U);
+    EXPECT_EQ(display.notices[0].property, property);
+}
+
+TEST_F(Serving, ARequestorsTimeIsCountedFromTheLastPieceThatItTook)
+{
+    own(large());
+    const WindowID window = display.createForeignWindow();
+    display.request(window, atoms().clipboard, atoms().utf8String, property);
+    display.deliverAll();
+    std::string text;
+    EXPECT_EQ(display.takeProperty(window, property)->type, atoms().incr);
+    display.deliverAll();
+    while (true) {
+        display.passTime(OutgoingTransfer::longestSilence - std::chrono::milliseconds(1));
+        const auto piece = display.takeProperty(window, property);
+        ASSERT_TRUE(piece) << "it was given up after " << text.size() << " bytes";
+        display.deliverAll();
+        text += piece->bytes;
+        if (piece->bytes.empty())
+            break;
+    }
+    EXPECT_EQ(text, large());
+}
+
+TEST_F(Serving, AConvertedPictureIsHeldNoLongerThanItIsSent)
+{
+    ownPicture("image/webp", "bytes");
+    const WindowID window = display.createForeignWindow();
+    display.request(window, atoms().clipboard, atoms().bmp, property);
+    display.deliverAll();
+    auto bytes = std::make_shared<const std::string>(20000, 'b');
+    const std::weak_ptr<const std::string> held = bytes;
+    coordinator.pictureConverted(wantedPictures.at(0).first, atoms().bmp, std::move(bytes), display.now);
+    wantedPictures.clear();
+    EXPECT_FALSE(held.expired());
+    display.passTime(OutgoingTransfer::longestSilence);
+    EXPECT_TRUE(held.expired());
 }
 
 TEST_F(Serving, MultipleWithoutItsPairsIsRefused)

@@ -22,9 +22,9 @@ public:
     }
 
     template <class Condition>
-    [[nodiscard]] bool runUntil(Condition condition)
+    [[nodiscard]] bool runUntil(Condition condition, std::chrono::milliseconds longest = patience)
     {
-        const auto end = std::chrono::steady_clock::now() + patience;
+        const auto end = std::chrono::steady_clock::now() + longest;
         while (!condition()) {
             std::unique_lock lock(mutex_);
             if (!arrived_.wait_until(lock, end, [&] { return !work_.empty(); }))

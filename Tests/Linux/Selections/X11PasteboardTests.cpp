@@ -1,3 +1,4 @@
+#include "DistinctText.h"
 #include "PasteboardFixture.h"
 
 namespace tessel {
@@ -36,7 +37,10 @@ TEST_F(PasteboardOnX11, OwnWritesCountOnceAndAreReadableAtOnce)
     EXPECT_FALSE(pasteboard_.string());
     pasteboard_.setString(value);
     EXPECT_EQ(pasteboard_.string(), value);
-    EXPECT_EQ(paste(), "ours");
+    ASSERT_TRUE(loop_.runUntil([&] {
+        loop_.post([] {}); // The selection is ours a moment later.
+        return paste() == "ours";
+    }));
     copy("theirs"); // Expects exactly one more.
 }
 
@@ -47,6 +51,35 @@ TEST_F(PasteboardOnX11, ALargeTextComesAndGoesInIncrements)
     EXPECT_TRUE(text() == large);
     write(large + "and more");
     EXPECT_TRUE(paste() == large + "and more");
+}
+
+TEST_F(PasteboardOnX11, ALargeTextThatIsCopiedAgainIsTheSameText)
+{
+    const std::string large = megabytes(4);
+    std::string other = large;
+    other.back() = '!';
+    copy(large);
+    const SharedText first = pasteboard_.string();
+    copy(other);
+    const SharedText second = pasteboard_.string();
+    EXPECT_NE(second, first);
+    EXPECT_FALSE(DistinctText::areEqual(first, second));
+    ASSERT_NE(std::get_deleter<DistinctText>(first), nullptr) << "the main thread has to compare them";
+    ASSERT_NE(std::get_deleter<DistinctText>(second), nullptr);
+    copy(large);
+    EXPECT_EQ(pasteboard_.string(), first);
+    write("in between");
+    copy(other);
+    EXPECT_EQ(pasteboard_.string(), second);
+    EXPECT_TRUE(*second == other);
+}
+
+TEST_F(PasteboardOnX11, ALargeTextIsFreedWhenNobodyHoldsIt)
+{
+    copy(megabytes(4));
+    const std::weak_ptr<const std::string> text = pasteboard_.string();
+    copy("small");
+    EXPECT_TRUE(text.expired());
 }
 
 TEST_F(PasteboardOnX11, APictureIsPreparedAndGoesByteForByte)

@@ -133,8 +133,8 @@ void PasteStroke::play()
 {
     if (!didEnd_ || !returnIsUp_ || !devices_ || !chord_ || !rightFocus_)
         return;
-    if (*chord_ == PasteChord::shiftInsert && rooms_.offerPrimary && !std::exchange(hasOfferedPrimary_, true))
-        rooms_.offerPrimary();
+    if (!isAvailable_)
+        return awaitAvailability();
     switch (rooms_.player->play(*chord_, *rightFocus_, *devices_)) {
     case ChordPlayer::Outcome::focusMoved:
         return checkFocus();
@@ -142,6 +142,24 @@ void PasteStroke::play()
     case ChordPlayer::Outcome::impossible:
         return end();
     }
+}
+
+/// Who gets the chord asks for the selection at once, and must not be given what was there before.
+void PasteStroke::awaitAvailability()
+{
+    if (std::exchange(isAwaitingAvailability_, true))
+        return;
+    if (*chord_ == PasteChord::shiftInsert && rooms_.offerPrimary)
+        rooms_.offerPrimary();
+    const auto goOn = [this, lifetime = std::weak_ptr(lifetime_)] {
+        if (lifetime.expired())
+            return;
+        isAvailable_ = true;
+        play();
+    };
+    if (!rooms_.whenAvailable)
+        return goOn();
+    rooms_.whenAvailable(goOn);
 }
 
 void PasteStroke::follow(const xcb_generic_event_t& event)

@@ -24,9 +24,12 @@ public:
         std::shared_ptr<X11Connection> connection;
         std::shared_ptr<X11Keyboard> keyboard;
         std::shared_ptr<ChordPlayer> player;
-        /// Makes the text that is being pasted available as PRIMARY. The server has to know when it returns.
+        /// Begins to offer the text that is being pasted as PRIMARY. Runs before a chord that pastes PRIMARY.
         /// May be absent.
         std::function<void()> offerPrimary;
+        /// Runs its argument, on a later turn of the loop, once others get what is being pasted, from
+        /// whichever selection. Absent: they do already.
+        std::function<void(std::function<void()>)> whenAvailable;
     };
 
     /// Without a `target`, whoever has the focus gets the chord.
@@ -44,6 +47,7 @@ private:
     void findClassOf(WindowAncestry ancestry, xcb_window_t focus);
     void focusIsRight(xcb_window_t focus);
     void play();
+    void awaitAvailability();
     void follow(const xcb_generic_event_t& event);
     void end();
 
@@ -58,7 +62,8 @@ private:
     bool returnIsUp_ = false;
     bool checking_ = false;
     bool checkAgain_ = false;
-    bool hasOfferedPrimary_ = false;
+    bool isAwaitingAvailability_ = false;
+    bool isAvailable_ = false;
     Token selection_;
     Token events_;
     std::shared_ptr<void> lifetime_ = std::make_shared<char>();

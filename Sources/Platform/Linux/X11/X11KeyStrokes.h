@@ -20,10 +20,10 @@ namespace tessel {
 /// order of the calls, each within half a second, or not at all.
 class X11KeyStrokes : public KeyStrokes {
 public:
-    /// `offerPrimary` runs before a chord that pastes PRIMARY: when it returns, PRIMARY must have the text
-    /// that is being pasted, and the server must know. It may be absent.
+    /// `offerPrimary` and `whenAvailable` as in `PasteStroke::Rooms`.
     X11KeyStrokes(std::shared_ptr<X11Connection> connection, std::shared_ptr<X11Keyboard> keyboard,
-                  std::shared_ptr<X11HotKeyCenter> hotKeys, std::function<void()> offerPrimary);
+                  std::shared_ptr<X11HotKeyCenter> hotKeys, std::function<void()> offerPrimary,
+                  std::function<void(std::function<void()>)> whenAvailable = {});
 
     void postKeyStroke(std::uint16_t keyCode, ModifierFlags flags,
                        std::optional<ProcessIdentifier> process) override;

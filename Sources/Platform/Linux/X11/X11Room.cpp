@@ -17,8 +17,9 @@ X11Room makeX11Room(X11RoomNeeds needs)
                                                     room.userTime);
     room.accessibilityTrust =
         std::make_shared<X11AccessibilityTrust>(*room.connection, std::move(needs.showTrustPrompt));
-    room.keyStrokes = std::make_shared<X11KeyStrokes>(room.connection, room.keyboard, room.hotKeyCenter,
-                                                      std::move(needs.offerPrimary));
+    room.keyStrokes =
+        std::make_shared<X11KeyStrokes>(room.connection, room.keyboard, room.hotKeyCenter,
+                                        std::move(needs.offerPrimary), std::move(needs.whenAvailable));
     room.eventMonitors = std::make_shared<QtEventMonitors>();
     room.screens = std::make_shared<X11Screens>(room.connection);
     room.nativeWindows = std::make_shared<X11NativeWindows>(room.connection, room.windowManager,

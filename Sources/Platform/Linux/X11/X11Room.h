@@ -41,8 +41,10 @@ struct X11Room {
 struct X11RoomNeeds {
     /// Shows a small window that says what is missing for a paste; must not wait.
     std::function<void()> showTrustPrompt;
-    /// Makes the text that is being pasted available as PRIMARY; the server knows when it returns.
+    /// Begins to offer the text that is being pasted as PRIMARY.
     std::function<void()> offerPrimary;
+    /// Runs its argument, on a later turn of the loop, once others get what is being pasted.
+    std::function<void(std::function<void()>)> whenAvailable = {};
 };
 
 /// Connects to the display that `DISPLAY` names. Without one everything in the room stays inert.

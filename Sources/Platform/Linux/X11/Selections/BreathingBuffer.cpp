@@ -25,7 +25,7 @@ qint64 BreathingBuffer::readData(char* destination, qint64 length)
     const auto position = static_cast<std::size_t>(pos());
     isExhausted_ = isExhausted_ || position >= bytes_.size();
     hasComeShort_ = hasComeShort_ || position + static_cast<std::size_t>(length) > bytes_.size();
-    if (isStopped_ || isExhausted_ || length <= 0)
+    if (isStopped_ || position >= bytes_.size() || length <= 0)
         return 0;
     const std::size_t count = std::min(static_cast<std::size_t>(length), bytes_.size() - position);
     bytesSinceBreath_ += count;
@@ -36,6 +36,8 @@ qint64 BreathingBuffer::readData(char* destination, qint64 length)
     if (isStopped_)
         return 0;
     std::memcpy(destination, bytes_.data() + position, count);
+    if (replacement_ && replacement_->offset >= position && replacement_->offset - position < count)
+        destination[replacement_->offset - position] = replacement_->byte;
     return static_cast<qint64>(count);
 }
 

@@ -6,11 +6,32 @@
 
 namespace tessel {
 
+namespace {
+
+/// How a text of `type` is written (ICCCM section 2.6.2). None: that is no text type.
+std::optional<TextForm> textForm(const SelectionAtoms& atoms, AtomID type)
+{
+    if (type == atoms.utf8String || type == atoms.plainTextUTF8 || type == atoms.plainTextUTF8Capital)
+        return TextForm::utf8;
+    if (type == atoms.string || type == atoms.cString)
+        return TextForm::latin1;
+    if (type == atoms.compoundText)
+        return TextForm::compoundText;
+    if (type == atoms.text || type == atoms.plainText)
+        return TextForm::utf8; // Says nothing about the form; UTF-8 is what is meant today, and repair covers
+                               // the rest.
+    return std::nullopt;
+}
+
+} // namespace
+
 IncomingConversion::IncomingConversion(SelectionWire& wire, const SelectionAtoms& atoms,
-                                       const SelectionRequest& conversion, std::size_t mostBytes, Moment now)
+                                       const SelectionRequest& conversion, Content content,
+                                       std::size_t mostBytes, Moment now)
     : wire_(wire)
     , atoms_(atoms)
     , conversion_(conversion)
+    , content_(content)
     , mostBytes_(mostBytes)
     , deadline_(now + longestSilence)
 {
@@ -76,8 +97,10 @@ IncomingConversion::Progress IncomingConversion::timePassed(Moment now)
 IncomingConversion::Progress IncomingConversion::finish(Progress outcome)
 {
     progress_ = outcome;
-    if (outcome != Progress::complete)
+    if (outcome != Progress::complete) {
         bytes_ = std::string();
+        decoder_.reset();
+    }
     return outcome;
 }
 
@@ -94,8 +117,7 @@ IncomingConversion::Progress IncomingConversion::beginIncrements(const PropertyS
     std::uint32_t announced = 0;
     if (slice.format == 32 && slice.bytes.size() >= sizeof announced)
         std::memcpy(&announced, slice.bytes.data(), sizeof announced);
-    // Only a lower bound, and only a claim. Room that is never written to costs no memory.
-    bytes_.reserve(std::min<std::size_t>(announced, mostBytes_));
+    expectedBytes_ = std::min<std::size_t>(announced, mostBytes_); // Only a lower bound, and only a claim.
     comesInIncrements_ = true;
     stage_ = Stage::awaitingIncrement;
     return progress_;
@@ -105,10 +127,9 @@ IncomingConversion::Progress IncomingConversion::continueIncrements(const Proper
 {
     const bool isEnd = slice.type != noAtom && offset_ == 0 && slice.bytes.empty() && slice.bytesAfter == 0;
     if (isEnd) {
-        if (type_ == noAtom) {
-            type_ = slice.type;
-            format_ = slice.format;
-        }
+        const bool isNothing = type_ == noAtom;
+        if (isNothing && beginContent(slice) != Progress::underWay)
+            return progress_;
         return finish(Progress::complete);
     }
     if (slice.type != noAtom && append(slice) != Progress::underWay)
@@ -125,24 +146,44 @@ IncomingConversion::Progress IncomingConversion::continueIncrements(const Proper
     return progress_;
 }
 
+/// The type says what the owner sends; the target says what was asked for, and believes nothing else.
+IncomingConversion::Progress IncomingConversion::beginContent(const PropertySlice& slice)
+{
+    type_ = slice.type;
+    format_ = slice.format;
+    expectedBytes_ = std::max(expectedBytes_, std::min(slice.bytes.size() + slice.bytesAfter, mostBytes_));
+    if (content_ == Content::bytes) {
+        bytes_.reserve(expectedBytes_); // Room that is never written to costs no memory.
+        return progress_;
+    }
+    constexpr int bitsOfText = 8;
+    const auto form = textForm(atoms_, type_);
+    if (!form || format_ != bitsOfText)
+        return finish(Progress::refused);
+    decoder_.emplace(*form);
+    decoder_->expect(expectedBytes_);
+    return progress_;
+}
+
 IncomingConversion::Progress IncomingConversion::append(const PropertySlice& slice)
 {
     const bool isFirst = type_ == noAtom;
-    if (isFirst) {
-        type_ = slice.type;
-        format_ = slice.format;
-    }
+    if (isFirst && beginContent(slice) != Progress::underWay)
+        return progress_;
     if (slice.type != type_ || slice.format != format_)
         return finish(Progress::refused);
     if (slice.bytes.empty() && slice.bytesAfter > 0)
         return finish(Progress::failed); // It shrinks and grows under our hands; there would be no end to it.
-    const std::size_t present = bytes_.size() + slice.bytes.size();
-    if (present > mostBytes_ || slice.bytesAfter > mostBytes_ - present)
+    receivedBytes_ += slice.bytes.size();
+    if (receivedBytes_ > mostBytes_ || slice.bytesAfter > mostBytes_ - receivedBytes_)
         return finish(Progress::failed);
-    if (present + slice.bytesAfter > bytes_.capacity() && slice.bytesAfter > 0)
-        bytes_.reserve(std::max(present + slice.bytesAfter, bytes_.capacity() * 2));
-    bytes_.append(reinterpret_cast<const char*>(slice.bytes.data()), slice.bytes.size());
-    return progress_;
+    const std::string_view piece(reinterpret_cast<const char*>(slice.bytes.data()), slice.bytes.size());
+    if (decoder_)
+        decoder_->append(piece);
+    else
+        bytes_.append(piece);
+    const bool hasGrownTooLarge = decoder_ && decoder_->size() > mostBytes_;
+    return hasGrownTooLarge ? finish(Progress::failed) : progress_;
 }
 
 bool IncomingConversion::isAskedProperty(WindowID window, AtomID property) const

@@ -1,20 +1,24 @@
 #pragma once
 
+#include <optional>
 #include <string>
 
 #include "X11/Selections/SelectionAtoms.h"
 #include "X11/Selections/SelectionWire.h"
+#include "X11/Selections/TextDecoder.h"
 
 namespace tessel {
 
 /// One target of a selection on its way to us: the request, the owner's answer, and the property, whole or in
 /// increments (ICCCM sections 2.4 and 2.7.2). Believes nothing that the owner says about lengths; what it
-/// holds never exceeds the given bound by more than one slice.
+/// holds never exceeds the given bound by more than one slice. A text is decoded while it comes.
 class IncomingConversion {
 public:
     /// An owner that says nothing for this long has failed. It restarts with every piece, however small, so
-    /// that a large value may take as long as it needs. Long enough for an application that renders a big
-    /// picture first, or is busy.
+    /// that a large value may take as long as it needs: neither the time that it takes nor the number or the
+    /// size of its pieces is bounded, only the silence between two of them. An owner that sends a byte now
+    /// and then costs a read for each, and is left as soon as there is a new one. Long enough for an
+    /// application that renders a big picture first, or is busy.
     static constexpr std::chrono::seconds longestSilence{10};
     /// Properties are read in pieces of this many bytes, straight into the final buffer: large enough that a
     /// big text needs few round trips, small enough that serving others goes on in between.
@@ -22,15 +26,17 @@ public:
 
     enum class Progress {
         underWay,
-        complete, ///< `takeBytes`, `type` and `format` have the value.
+        complete, ///< `takeBytes` or `takeText`, `type` and `format` have the value.
         refused,  ///< The owner does not give this target, or what it gave is unusable. Another target may
                   ///< work.
         failed,   ///< The owner is silent, or floods us. Expect nothing more of it.
     };
 
+    enum class Content { bytes, text };
+
     /// What to ask for: the requestor window, the selection, the target, the property to use and the time.
     IncomingConversion(SelectionWire& wire, const SelectionAtoms& atoms, const SelectionRequest& conversion,
-                       std::size_t mostBytes, Moment now);
+                       Content content, std::size_t mostBytes, Moment now);
 
     AtomID target() const { return conversion_.target; }
     Progress progress() const { return progress_; }
@@ -47,6 +53,7 @@ public:
     AtomID type() const { return type_; }
     int format() const { return format_; }
     std::string takeBytes() { return std::move(bytes_); }
+    std::string takeText() { return decoder_->finish(); }
 
 private:
     enum class Stage {
@@ -61,12 +68,14 @@ private:
     Progress beginIncrements(const PropertySlice& slice);
     Progress continueIncrements(const PropertySlice& slice);
     Progress append(const PropertySlice& slice);
+    Progress beginContent(const PropertySlice& slice);
     bool isAskedProperty(WindowID window, AtomID property) const;
 
     SelectionWire& wire_;
     const SelectionAtoms& atoms_;
     SelectionRequest conversion_;
-    std::size_t mostBytes_;
+    Content content_;
+    std::size_t mostBytes_; ///< On the wire, and of a text that is made of it.
     Moment deadline_;
     Stage stage_ = Stage::awaitingAnswer;
     Progress progress_ = Progress::underWay;
@@ -75,7 +84,10 @@ private:
     std::size_t offset_ = 0; ///< In the property that is being read.
     AtomID type_ = noAtom;
     int format_ = 0;
+    std::size_t expectedBytes_ = 0;
+    std::size_t receivedBytes_ = 0;
     std::string bytes_;
+    std::optional<TextDecoder> decoder_; ///< Of a text, as soon as its type is known.
 };
 
 } // namespace tessel

@@ -1,5 +1,7 @@
 #pragma once
 
+#include <string_view>
+
 #include "X11/Selections/SelectionAtoms.h"
 #include "X11/Selections/SelectionValue.h"
 #include "X11/Selections/SelectionWire.h"
@@ -17,10 +19,13 @@ public:
     static constexpr std::size_t mostIncrementBytes = std::size_t{1} << 20;
 
     enum class Progress { underWay, finished };
+    /// What becomes of the bytes on their way.
+    enum class Rewriting { none, utf8ToLatin1 };
 
     /// Writes the announcement. The requestor must be watched already, and be notified afterwards.
     OutgoingTransfer(SelectionWire& wire, const SelectionAtoms& atoms, WindowID requestor, AtomID property,
-                     AtomID type, SharedBytes bytes, std::size_t incrementBytes, Moment now);
+                     AtomID type, SharedBytes bytes, Rewriting rewriting, std::size_t incrementBytes,
+                     Moment now);
 
     WindowID requestor() const { return requestor_; }
     AtomID property() const { return property_; }
@@ -30,11 +35,14 @@ public:
     Progress propertyDeleted(Moment now);
 
 private:
+    std::string_view nextPiece() const;
+
     SelectionWire* wire_;
     WindowID requestor_;
     AtomID property_;
     AtomID type_;
     SharedBytes bytes_;
+    Rewriting rewriting_;
     std::size_t incrementBytes_;
     std::size_t offset_ = 0;
     Moment deadline_;

@@ -9,6 +9,7 @@
 #include <QImageWriter>
 
 #include "X11/Selections/PictureDecoder.h"
+#include "X11/Selections/ToolkitSilence.h"
 
 namespace tessel {
 
@@ -21,13 +22,14 @@ struct Form {
     /// fast goes first.
     int quality;
     bool hasAlpha;
+    bool isCompressed;
 };
 
 constexpr Form forms[] = {
-    {"image/png", "png", 85, true},
-    {"image/tiff", "tiff", -1, true},
-    {"image/bmp", "bmp", -1, false},
-    {"image/jpeg", "jpeg", 92, false},
+    {"image/png", "png", 85, true, true},
+    {"image/tiff", "tiff", -1, true, false},
+    {"image/bmp", "bmp", -1, false, false},
+    {"image/jpeg", "jpeg", 92, false, true},
 };
 
 /// Collects the rows in a picture of the toolkit, without transparency where the form has none.
@@ -43,9 +45,10 @@ public:
         const bool isDeep = shape.bytesPerSample == 2 && form_.hasAlpha;
         if (shape.width * std::uint64_t{shape.height} * (isDeep ? 8 : 4) > PictureDecoder::mostWholeBytes)
             return false;
+        // What the encoders take as it is; of anything else they make a copy.
         const auto format = isDeep           ? QImage::Format_RGBA64
                             : form_.hasAlpha ? QImage::Format_RGBA8888
-                                             : QImage::Format_RGBX8888;
+                                             : QImage::Format_RGB32;
         image_ = QImage(static_cast<int>(shape.width), static_cast<int>(shape.height), format);
         return !image_.isNull();
     }
@@ -72,12 +75,12 @@ private:
         for (std::size_t column = 0; column < shape_.width; ++column) {
             const std::byte* pixel = pixels.data() + column * shape_.bytesPerPixel();
             const auto alpha = std::to_integer<std::uint32_t>(pixel[3 * step]);
-            for (std::size_t sample = 0; sample < 3; ++sample) {
+            const auto overWhite = [&](std::size_t sample) {
                 const auto colour = std::to_integer<std::uint32_t>(pixel[sample * step]);
-                *destination++ =
-                    std::byte((colour * alpha + opaque * (opaque - alpha) + opaque / 2) / opaque);
-            }
-            *destination++ = std::byte(opaque);
+                return static_cast<int>((colour * alpha + opaque * (opaque - alpha) + opaque / 2) / opaque);
+            };
+            const QRgb colour = qRgb(overWhite(0), overWhite(1), overWhite(2));
+            std::memcpy(destination + column * sizeof colour, &colour, sizeof colour);
         }
     }
 
@@ -98,9 +101,11 @@ private:
 /// Where the toolkit's encoders write to. Seekable, because the TIFF encoder goes back to mend its directory.
 class BreathingOutput final : public QIODevice {
 public:
-    explicit BreathingOutput(const Breath& breath)
+    /// Room that is never written to costs no memory; growing would cost a copy.
+    BreathingOutput(const Breath& breath, std::size_t expectedBytes)
         : breath_(breath)
     {
+        bytes_.reserve(expectedBytes);
         open(QIODevice::ReadWrite | QIODevice::Unbuffered);
     }
     bool isSequential() const override { return false; }
@@ -144,7 +149,10 @@ private:
 
 SharedBytes encode(const QImage& image, const Form& form, const Breath& breath)
 {
-    BreathingOutput output(breath);
+    const ToolkitSilence silence;
+    constexpr std::size_t frameBytes = std::size_t{1} << 20; // Of headers and directories.
+    BreathingOutput output(
+        breath, form.isCompressed ? 0 : static_cast<std::size_t>(image.sizeInBytes()) + frameBytes);
     QImageWriter writer(&output, form.writerFormat);
     if (form.quality >= 0)
         writer.setQuality(form.quality);

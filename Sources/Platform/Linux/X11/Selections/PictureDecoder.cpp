@@ -1,9 +1,9 @@
 #include "X11/Selections/PictureDecoder.h"
 
 #include <QImageReader>
-#include <QLoggingCategory>
 
 #include "X11/Selections/PNGRowDecoder.h"
+#include "X11/Selections/ToolkitSilence.h"
 #include "X11/Selections/WholePictureDecoder.h"
 
 namespace tessel {
@@ -23,6 +23,13 @@ std::optional<PictureDecoder::Kind> PictureDecoder::kindOf(std::string_view enco
         return Kind::webp;
     if (encoded.starts_with("GIF8"sv))
         return Kind::gif;
+    if (encoded.starts_with("\0\0\1\0"sv))
+        return Kind::ico;
+    if (encoded.starts_with("/* XPM"sv))
+        return Kind::xpm;
+    const bool isNetpbm = encoded.size() > 2 && encoded[0] == 'P' && encoded[1] >= '1' && encoded[1] <= '6';
+    if (isNetpbm && (encoded[2] == '\n' || encoded[2] == ' ' || encoded[2] == '\t' || encoded[2] == '\r'))
+        return Kind::ppm;
     return std::nullopt;
 }
 
@@ -48,7 +55,7 @@ void PictureDecoder::prepareToolkit()
 {
     constexpr std::size_t bytesPerMegabyte = std::size_t{1} << 20;
     QImageReader::setAllocationLimit(static_cast<int>(mostWholeBytes / bytesPerMegabyte));
-    QLoggingCategory::setFilterRules(QStringLiteral("qt.gui.imageio*=false"));
+    ToolkitSilence::prepare();
 }
 
 } // namespace tessel

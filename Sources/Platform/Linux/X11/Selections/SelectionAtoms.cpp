@@ -34,7 +34,13 @@ constexpr Atoms::Name knownNames[] = {
     {&Atoms::bmp, "image/bmp"},
     {&Atoms::bmpVendor, "image/x-bmp"},
     {&Atoms::bmpMicrosoft, "image/x-MS-bmp"},
+    {&Atoms::pixmap, "image/x-portable-pixmap"},
+    {&Atoms::graymap, "image/x-portable-graymap"},
+    {&Atoms::bitmap, "image/x-portable-bitmap"},
     {&Atoms::webp, "image/webp"},
+    {&Atoms::xpm, "image/x-xpixmap"},
+    {&Atoms::icon, "image/vnd.microsoft.icon"},
+    {&Atoms::iconShort, "image/x-icon"},
     {&Atoms::gif, "image/gif"},
     {&Atoms::jpeg, "image/jpeg"},
     {&Atoms::jpegShort, "image/jpg"},
@@ -52,7 +58,9 @@ constexpr std::string_view slotNames[] = {
     "TESSEL_VALUE_5",  "TESSEL_VALUE_6",  "TESSEL_VALUE_7",  "TESSEL_VALUE_8",  "TESSEL_VALUE_9",
     "TESSEL_VALUE_10", "TESSEL_VALUE_11", "TESSEL_VALUE_12", "TESSEL_VALUE_13", "TESSEL_VALUE_14",
     "TESSEL_VALUE_15", "TESSEL_VALUE_16", "TESSEL_VALUE_17", "TESSEL_VALUE_18", "TESSEL_VALUE_19",
-    "TESSEL_VALUE_20", "TESSEL_VALUE_21", "TESSEL_VALUE_22", "TESSEL_VALUE_23",
+    "TESSEL_VALUE_20", "TESSEL_VALUE_21", "TESSEL_VALUE_22", "TESSEL_VALUE_23", "TESSEL_VALUE_24",
+    "TESSEL_VALUE_25", "TESSEL_VALUE_26", "TESSEL_VALUE_27", "TESSEL_VALUE_28", "TESSEL_VALUE_29",
+    "TESSEL_VALUE_30", "TESSEL_VALUE_31",
 };
 static_assert(std::size(slotNames) == Atoms::transferSlotCount);
 
@@ -70,7 +78,8 @@ std::string_view SelectionAtoms::transferSlotName(std::size_t index)
 
 std::array<AtomID, SelectionAtoms::pictureTargetCount> SelectionAtoms::pictureTargets() const
 {
-    return {png, tiff, bmp, bmpVendor, bmpMicrosoft, webp, gif, jpeg, jpegShort};
+    return {png,  tiff, bmp,  bmpVendor, bmpMicrosoft, pixmap, graymap,  bitmap,
+            webp, xpm,  icon, iconShort, gif,          jpeg,   jpegShort};
 }
 
 std::optional<std::string_view> SelectionAtoms::pictureType(AtomID target) const

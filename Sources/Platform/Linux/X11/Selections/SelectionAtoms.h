@@ -39,7 +39,13 @@ struct SelectionAtoms {
     AtomID bmp = noAtom;
     AtomID bmpVendor = noAtom;
     AtomID bmpMicrosoft = noAtom;
+    AtomID pixmap = noAtom;
+    AtomID graymap = noAtom;
+    AtomID bitmap = noAtom;
     AtomID webp = noAtom;
+    AtomID xpm = noAtom;
+    AtomID icon = noAtom;
+    AtomID iconShort = noAtom;
     AtomID gif = noAtom;
     AtomID jpeg = noAtom;
     AtomID jpegShort = noAtom;
@@ -54,7 +60,7 @@ struct SelectionAtoms {
     // Properties of our own windows. One for each conversion from an owner, so that a late answer cannot be
     // taken for another.
     AtomID ownTimestamp = noAtom;
-    static constexpr std::size_t transferSlotCount = 24;
+    static constexpr std::size_t transferSlotCount = 32;
     std::array<AtomID, transferSlotCount> transferSlots = {};
 
     struct Name {
@@ -66,8 +72,9 @@ struct SelectionAtoms {
     /// The name of slot `index`, from 0 to `transferSlotCount` - 1.
     static std::string_view transferSlotName(std::size_t index);
 
-    static constexpr std::size_t pictureTargetCount = 9;
-    /// The picture targets in the order of preference: without loss and common first, with loss last.
+    static constexpr std::size_t pictureTargetCount = 15;
+    /// The picture targets in the order of preference: without loss and common first (a WebP may have lost
+    /// something, but keeps every colour), then those of few colours, and JPEG last.
     std::array<AtomID, pictureTargetCount> pictureTargets() const;
     /// The MIME type of a picture target. None: it is not one.
     std::optional<std::string_view> pictureType(AtomID target) const;

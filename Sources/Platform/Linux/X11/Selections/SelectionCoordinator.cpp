@@ -15,14 +15,26 @@ SelectionCoordinator::SelectionCoordinator(SelectionWire& wire, const SelectionA
         if (!isOwnerFromBefore_)
             onValue(generation_, std::move(value));
     };
-    receiver_.onIdle = [this] { answerSavers(); };
+    receiver_.shareText = [this](SharedText text) { return shareText ? shareText(std::move(text)) : text; };
+    receiver_.onIdle = [this] {
+        if (!savers_.empty())
+            acquisition_.askTime();
+    };
     server_.onPictureWanted = [this](SelectionServer::SharedOffer offer, AtomID target) {
         onPictureWanted(std::move(offer), target);
     };
     server_.onSaveTargets = [this](const SelectionRequest& request) {
-        if (receiver_.isIdle() || savers_.size() >= mostSavers)
+        if (savers_.size() >= mostSavers)
             return server_.answerSaveTargets(request);
         savers_.push_back(request);
+        if (receiver_.isIdle())
+            acquisition_.askTime();
+    };
+    acquisition_.onTime = [this](ServerTime time, Moment now) {
+        if (std::exchange(isAskingForPresentValue_, false))
+            receivePresentOwner(time, now);
+        if (receiver_.isIdle())
+            answerSavers(time);
     };
     acquisition_.onTaken = [this](AtomID selection, ServerTime time) {
         server_.offer(selection, valueToTake(selection), time);
@@ -38,15 +50,18 @@ void SelectionCoordinator::becomeClipboardManager()
 
 void SelectionCoordinator::keepPresentValue()
 {
-    acquisition_.onTime = [this](ServerTime time, Moment now) {
-        const bool hasChangedSince = isKeeping_ || heldChange_ || generation_ > 0;
-        if (hasChangedSince)
-            return;
-        isOwnerFromBefore_ = true;
-        isKeeping_ = true;
-        receiver_.receive(time, now);
-    };
+    isAskingForPresentValue_ = true;
     acquisition_.askTime();
+}
+
+void SelectionCoordinator::receivePresentOwner(ServerTime time, Moment now)
+{
+    const bool hasChangedSince = isKeeping_ || heldChange_ || generation_ > 0;
+    if (hasChangedSince)
+        return;
+    isOwnerFromBefore_ = true;
+    isKeeping_ = true;
+    receiver_.receive(time, now);
 }
 
 void SelectionCoordinator::write(WriteGeneration generation, SharedSelectionValue value, Moment now)
@@ -67,6 +82,20 @@ void SelectionCoordinator::offerPrimary(SharedSelectionValue value)
 {
     primaryValue_ = std::move(value);
     acquisition_.acquire(atoms_.primary);
+}
+
+void SelectionCoordinator::whenAvailable(std::function<void()> done)
+{
+    waitingForAvailability_.push_back(std::move(done));
+    answerWaiting();
+}
+
+void SelectionCoordinator::answerWaiting()
+{
+    if (acquisition_.isUnderWay(atoms_.clipboard) || acquisition_.isUnderWay(atoms_.primary))
+        return;
+    for (const auto& done : std::exchange(waitingForAvailability_, {}))
+        done();
 }
 
 void SelectionCoordinator::releasePrimary()
@@ -128,6 +157,7 @@ void SelectionCoordinator::receiveNewOwner(const OwnerChange& change, Moment now
         clipboardValue_.reset();
         onSuperseded();
         isKeeping_ = true;
+        keptOwner_ = change.owner;
         receiver_.receive(change.time, now);
         return;
     }
@@ -150,8 +180,8 @@ void SelectionCoordinator::clearedByOthers(Moment now)
     onValue(generation_, {Readability::readable, {}});
 }
 
-/// The owner is gone. Its value stays available, with everything that it had offered beside it. The time is
-/// that of its going: whoever has taken the selection since then keeps it.
+/// The owner is gone, or about to go. Its value stays available, with everything that it had offered beside
+/// it. Whoever has taken the selection after `time` keeps it.
 void SelectionCoordinator::takeOver(ServerTime time)
 {
     isKeeping_ = false;
@@ -190,6 +220,7 @@ void SelectionCoordinator::propertyChanged(const PropertyChange& change, Moment 
     if (change.property != atoms_.ownTimestamp || change.kind != PropertyChangeKind::newValue)
         return;
     acquisition_.timestampArrived(change.time, now);
+    answerWaiting();
     // Somebody took the selection right after us, or our taking was ignored.
     if (heldChange_ && !acquisition_.isUnderWay(atoms_.clipboard))
         receiveHeldOwner(now);
@@ -234,10 +265,21 @@ std::optional<Moment> SelectionCoordinator::deadline() const
     return std::min(*receiving, *serving);
 }
 
-void SelectionCoordinator::answerSavers()
+/// The selection is ours before its owner hears that its value is saved: on its way out an owner may give up
+/// what it owned, with the time of the event that made it quit. That would be a clear; after a taking with
+/// the server's present `time` it has no effect.
+void SelectionCoordinator::answerSavers(ServerTime time)
 {
-    for (const SelectionRequest& saver : std::exchange(savers_, {}))
+    for (const SelectionRequest& saver : std::exchange(savers_, {})) {
+        if (isKeeping_ && ownsKeptValue(saver.requestor))
+            takeOver(time);
         server_.answerSaveTargets(saver);
+    }
+}
+
+bool SelectionCoordinator::ownsKeptValue(WindowID window) const
+{
+    return isOwnerFromBefore_ || window == keptOwner_;
 }
 
 } // namespace tessel

@@ -30,6 +30,8 @@ public:
     std::function<void(WriteGeneration generation, ReceivedValue value)> onValue;
     /// What `onValue` brought last has been replaced or is about to be: nobody needs it prepared any more.
     std::function<void()> onSuperseded;
+    /// See `SelectionReceiver`.
+    std::function<SharedText(SharedText)> shareText;
     /// See `SelectionServer`.
     std::function<void(SelectionServer::SharedOffer offer, AtomID target)> onPictureWanted;
 
@@ -43,6 +45,8 @@ public:
     void write(WriteGeneration generation, SharedSelectionValue value, Moment now);
     /// Owns PRIMARY with `value` until the next write.
     void offerPrimary(SharedSelectionValue value);
+    /// Runs `done` once the server has decided on everything written and offered so far; at once if it has.
+    void whenAvailable(std::function<void()> done);
     void pictureConverted(const SelectionServer::SharedOffer& offer, AtomID target, SharedBytes bytes,
                           Moment now);
     bool isPictureWanted(const SelectionServer::SharedOffer& offer, AtomID target) const;
@@ -63,8 +67,11 @@ private:
     void receiveHeldOwner(Moment now);
     void clearedByOthers(Moment now);
     void takeOver(ServerTime time);
-    void answerSavers();
+    void receivePresentOwner(ServerTime time, Moment now);
+    void answerSavers(ServerTime time = currentTime);
+    bool ownsKeptValue(WindowID window) const;
     void releasePrimary();
+    void answerWaiting();
     SharedSelectionValue valueToTake(AtomID selection) const;
 
     SelectionWire& wire_;
@@ -81,9 +88,13 @@ private:
     /// Whether the present owner is the one whose value the receiver has, so that it is kept when that owner
     /// goes.
     bool isKeeping_ = false;
+    /// The present owner; none where it was there before us.
+    WindowID keptOwner_ = noWindow;
+    bool isAskingForPresentValue_ = false;
     /// Whether the present owner was there before us: its value is nobody's news.
     bool isOwnerFromBefore_ = false;
     std::vector<SelectionRequest> savers_;
+    std::vector<std::function<void()>> waitingForAvailability_;
 };
 
 } // namespace tessel

@@ -3,8 +3,6 @@
 #include <algorithm>
 #include <cstring>
 
-#include "X11/Selections/TextForms.h"
-
 namespace tessel {
 
 namespace {
@@ -12,21 +10,6 @@ namespace {
 constexpr int bitsOfBytes = 8;
 constexpr int bitsOfAtoms = 32;
 constexpr std::string_view secretHint = "secret";
-
-/// How a text of this type is written. None: that is no text type.
-std::optional<TextForm> textForm(const SelectionAtoms& atoms, AtomID type)
-{
-    if (type == atoms.utf8String || type == atoms.plainTextUTF8 || type == atoms.plainTextUTF8Capital)
-        return TextForm::utf8;
-    if (type == atoms.string || type == atoms.cString)
-        return TextForm::latin1;
-    if (type == atoms.compoundText)
-        return TextForm::compoundText;
-    if (type == atoms.text || type == atoms.plainText)
-        return TextForm::utf8; // Says nothing about the form; UTF-8 is what is meant today, and repair covers
-                               // the rest.
-    return std::nullopt;
-}
 
 } // namespace
 
@@ -131,7 +114,9 @@ void SelectionReceiver::begin(Step step, AtomID target, std::size_t mostBytes, M
     conversion.property = atoms_.transferSlots[conversionCount_ % SelectionAtoms::transferSlotCount];
     conversion.time = time_;
     ++conversionCount_;
-    conversion_.emplace(wire_, atoms_, conversion, mostBytes, now);
+    const auto content =
+        step == Step::text ? IncomingConversion::Content::text : IncomingConversion::Content::bytes;
+    conversion_.emplace(wire_, atoms_, conversion, content, mostBytes, now);
 }
 
 void SelectionReceiver::afterProgress(IncomingConversion::Progress progress, Moment now)
@@ -239,17 +224,14 @@ void SelectionReceiver::nextText(Moment now)
 
 void SelectionReceiver::textComplete(Moment now)
 {
-    // The type says what the owner has sent; where that is no text type, the target says what was asked for.
-    auto form = textForm(atoms_, conversion_->type());
-    if (!form && conversion_->type() == conversion_->target())
-        form = textForm(atoms_, conversion_->target());
-    if (!form)
-        return nextText(now);
-    auto text = std::make_shared<std::string>(textFromWire(conversion_->takeBytes(), *form));
-    if (text->capacity() > 2 * text->size())
-        text->shrink_to_fit(); // The owner had announced more than it sent.
+    auto text = std::make_shared<std::string>(conversion_->takeText());
+    // A large one may have room that was never written to, and costs no memory.
+    const std::size_t mostRoom =
+        text->size() < IncomingConversion::sliceBytes ? text->size() + text->size() / 8 : 2 * text->size();
+    if (text->capacity() > mostRoom)
+        text->shrink_to_fit();
     const bool isEmpty = text->empty();
-    kept_.text = std::move(text);
+    kept_.text = shareText ? shareText(std::move(text)) : std::move(text);
     candidates_.clear();
     if (isEmpty)
         return nextText(now); // A picture may stand beside it.

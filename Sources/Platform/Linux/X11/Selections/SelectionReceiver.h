@@ -54,6 +54,8 @@ public:
 
     /// A value was received or has failed. Must be set before the first event.
     std::function<void(ReceivedValue)> onValue;
+    /// Takes the place of a received text where it is there already. Need not be set.
+    std::function<SharedText(SharedText)> shareText;
     /// Everything wanted of the owner has come or was given up: nothing is under way any more. Runs after
     /// `onValue`.
     std::function<void()> onIdle;

@@ -5,6 +5,7 @@
 #include <cstring>
 
 #include "X11/Selections/TextForms.h"
+#include "X11/Selections/UTF8.h"
 
 namespace tessel {
 
@@ -155,7 +156,8 @@ bool SelectionServer::write(WindowID requestor, AtomID property, const Reply& re
         return false;
     wire_.watchRequestor(requestor);
     const std::size_t incrementBytes = std::min(OutgoingTransfer::mostIncrementBytes, incrementThreshold());
-    transfers_.emplace_back(wire_, atoms_, requestor, property, reply.type, reply.bytes, incrementBytes, now);
+    transfers_.emplace_back(wire_, atoms_, requestor, property, reply.type, reply.bytes, reply.rewriting,
+                            incrementBytes, now);
     return true;
 }
 
@@ -231,18 +233,16 @@ SelectionServer::Reply SelectionServer::textReply(const Offer& offer, AtomID tar
     const SharedText& text = offer.value->text;
     // Latin-1 is asked for, or the choice is ours and both are the same (ICCCM section 2.6.2, TEXT).
     const bool wantsLatin1 = target == atoms_.string || target == atoms_.text;
-    if (wantsLatin1 && isASCII(*text))
+    if (wantsLatin1 && UTF8::isASCII(*text))
         return {ReplyKind::ready, atoms_.string, 8, text};
     if (target == atoms_.text)
         return {ReplyKind::ready, atoms_.utf8String, 8, text};
     if (target != atoms_.string)
         return {ReplyKind::ready, target, 8, text};
-    SharedBytes latin1 = offer.latin1.lock();
-    if (!latin1) {
-        latin1 = std::make_shared<const std::string>(latin1FromUTF8(*text));
-        offer.latin1 = latin1;
-    }
-    return {ReplyKind::ready, atoms_.string, 8, latin1};
+    // A large text is rewritten piece by piece as it goes, and never there twice.
+    if (text->size() > incrementThreshold())
+        return {ReplyKind::ready, atoms_.string, 8, text, OutgoingTransfer::Rewriting::utf8ToLatin1};
+    return {ReplyKind::ready, atoms_.string, 8, std::make_shared<const std::string>(latin1FromUTF8(*text))};
 }
 
 SelectionServer::Reply SelectionServer::pictureReply(const Job& job, AtomID target) const

@@ -28,8 +28,6 @@ public:
     struct Offer {
         SharedSelectionValue value;
         ServerTime time = currentTime;
-        mutable std::weak_ptr<const std::string>
-            latin1; ///< Made on demand, shared by those who ask at the same time.
     };
     using SharedOffer = std::shared_ptr<const Offer>;
 
@@ -85,6 +83,7 @@ private:
         AtomID type = noAtom;
         int format = 8;
         SharedBytes bytes = nullptr;
+        OutgoingTransfer::Rewriting rewriting = OutgoingTransfer::Rewriting::none;
     };
 
     void run(Job job, Moment now);

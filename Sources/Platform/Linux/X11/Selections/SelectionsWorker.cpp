@@ -9,6 +9,7 @@
 #include <poll.h>
 #include <pthread.h>
 
+#include "X11/Selections/LargeTexts.h"
 #include "X11/Selections/PictureConverter.h"
 #include "X11/Selections/WorkerInbox.h"
 #include "X11/Selections/XcbSelectionConnection.h"
@@ -80,6 +81,7 @@ private:
     void received(WriteGeneration generation, ReceivedValue received);
     void deliver(WriteGeneration generation, SharedText text, SharedImage image);
     SharedBytes shared(SharedBytes bytes);
+    SharedText sharedText(SharedText text);
     void giveMemoryBack();
 
     std::shared_ptr<WorkerInbox> inbox_ = std::make_shared<WorkerInbox>();
@@ -93,6 +95,7 @@ private:
     bool isPreparationWanted_ = false;
     std::deque<Conversion> conversions_;
     bool hasFreedMuch_ = false;
+    LargeTexts largeTexts_;
 };
 
 SelectionsWorker::Thread::Thread(std::unique_ptr<XcbSelectionConnection> connection, FingerprintRule rule,
@@ -105,6 +108,7 @@ SelectionsWorker::Thread::Thread(std::unique_ptr<XcbSelectionConnection> connect
     coordinator_.onValue = [this](WriteGeneration generation, ReceivedValue value) {
         received(generation, std::move(value));
     };
+    coordinator_.shareText = [this](SharedText text) { return sharedText(std::move(text)); };
     coordinator_.onSuperseded = [this] {
         hasFreedMuch_ = hasFreedMuch_ || preparation_;
         preparation_.reset();
@@ -211,7 +215,20 @@ void SelectionsWorker::Thread::received(WriteGeneration generation, ReceivedValu
 
 void SelectionsWorker::Thread::deliver(WriteGeneration generation, SharedText text, SharedImage image)
 {
-    onReading_({generation, shared(std::move(text)), std::move(image)});
+    onReading_({generation, std::move(text), std::move(image)});
+}
+
+/// A large text that is there already is not kept once more: the copy ends here, and those who have the texts
+/// need not compare them.
+SharedText SelectionsWorker::Thread::sharedText(SharedText text)
+{
+    if (!text || text->size() < largeValueBytes)
+        return text;
+    if (SharedText present = largeTexts_.equalTo(*text)) {
+        hasFreedMuch_ = true;
+        return present;
+    }
+    return largeTexts_.added(shared(std::move(text)));
 }
 
 /// A value as the main thread gets it.
@@ -267,6 +284,11 @@ void SelectionsWorker::offerPrimary(SharedText text)
     offered->text = std::move(text);
     body_->post(
         [body = body_.get(), offered = std::move(offered)] { body->coordinator().offerPrimary(offered); });
+}
+
+void SelectionsWorker::whenAvailable(std::function<void()> done)
+{
+    body_->post([body = body_.get(), done = std::move(done)] { body->coordinator().whenAvailable(done); });
 }
 
 } // namespace tessel

@@ -41,6 +41,8 @@ public:
     void write(WriteGeneration generation, SelectionValue value);
     /// Owns PRIMARY with `text` until the next write.
     void offerPrimary(SharedText text);
+    /// Runs `done` on the worker thread once the server has decided on everything written and offered before.
+    void whenAvailable(std::function<void()> done);
 
 private:
     class Thread;

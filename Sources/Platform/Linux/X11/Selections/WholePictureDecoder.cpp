@@ -1,13 +1,19 @@
 #include "X11/Selections/WholePictureDecoder.h"
 
 #include <algorithm>
+#include <array>
 #include <bit>
+#include <cstring>
+#include <limits>
 #include <vector>
 
 #include <QImage>
 #include <QImageReader>
 
 #include "X11/Selections/BreathingBuffer.h"
+#include "X11/Selections/TIFFDirectory.h"
+#include "X11/Selections/TIFFLibrary.h"
+#include "X11/Selections/ToolkitSilence.h"
 
 namespace tessel {
 
@@ -30,17 +36,14 @@ const char* formatName(Kind kind)
         return "webp";
     case Kind::gif:
         return "gif";
+    case Kind::ico:
+        return "ico";
+    case Kind::xpm:
+        return "xpm";
+    case Kind::ppm:
+        return "ppm";
     }
     return "";
-}
-
-/// The one decoder for what the bytes are; nothing is tried out on them.
-void prepare(QImageReader& reader, QIODevice& device, Kind kind)
-{
-    reader.setAutoDetectImageFormat(false);
-    reader.setFormat(formatName(kind));
-    reader.setDevice(&device);
-    reader.setAutoTransform(true); // A photograph is shown the way it was taken.
 }
 
 bool isOfDeepSamples(QImage::Format format)
@@ -49,32 +52,135 @@ bool isOfDeepSamples(QImage::Format format)
     return description.bitsPerPixel() > 32 || format == QImage::Format_Grayscale16;
 }
 
-/// Whether the picture may be decoded, by what its header claims.
-bool isOfBearableSize(const QImageReader& reader)
+/// Whether a picture of this size may be decoded.
+bool isBearable(std::uint64_t width, std::uint64_t height, std::uint64_t bytesPerPixel)
 {
-    const QSize size = reader.size();
-    if (!size.isValid() || size.isEmpty())
+    constexpr std::uint64_t longestSide = 1 << 24; // The products below stay whole.
+    if (width == 0 || height == 0 || width > longestSide || height > longestSide)
         return false;
-    const auto pixels = static_cast<std::uint64_t>(size.width()) * static_cast<std::uint64_t>(size.height());
-    if (pixels > PictureDecoder::mostPixels)
-        return false;
-    const bool isDeep = isOfDeepSamples(reader.imageFormat());
-    const std::uint64_t bytesPerPixel = PictureShape::samplesPerPixel * (isDeep ? 2 : 1);
-    return pixels * bytesPerPixel <= PictureDecoder::mostWholeBytes;
+    const std::uint64_t pixels = width * height;
+    return pixels <= PictureDecoder::mostPixels && pixels * bytesPerPixel <= PictureDecoder::mostWholeBytes;
 }
 
-/// These decoders return what they have got when the data ends too early; that is not the picture.
-bool isCutOff(const BreathingBuffer& buffer, Kind kind)
+/// Whether a TIFF may be decoded, by what its directory claims. Its decoder believes in tiles that are larger
+/// than the picture, and in any number of samples, and makes room for them.
+bool isBearable(const TIFFDirectory& directory)
 {
-    switch (kind) {
-    case Kind::jpeg:
-        return buffer.isExhausted(); // It reads in blocks, the last of which may be short.
-    case Kind::bmp:
-        return buffer.hasComeShort(); // It reads row by row.
-    default:
+    constexpr std::uint64_t mostSamples = 32;
+    constexpr std::uint64_t mostBits = 64;
+    if (directory.samplesPerPixel > mostSamples || directory.bitsPerSample > mostBits)
         return false;
-    }
+    const std::uint64_t bytesPerPixel = (directory.samplesPerPixel * directory.bitsPerSample + 7) / 8;
+    if (!isBearable(directory.width, directory.height, bytesPerPixel))
+        return false;
+    const bool isTiled = directory.tileWidth > 0 || directory.tileHeight > 0;
+    constexpr std::uint64_t tilesOfWhole = 4; // A tile is in memory beside the picture.
+    return !isTiled || isBearable(directory.tileWidth, directory.tileHeight, tilesOfWhole * bytesPerPixel);
 }
+
+/// Each scan of a progressive JPEG (ITU-T T.81, annex G) goes over the whole picture, in a few bytes. Inside
+/// a scan the marker cannot occur.
+bool hasBearableScans(std::string_view jpeg)
+{
+    constexpr std::string_view startOfScan = "\xFF\xDA";
+    constexpr int mostScans = 100; // Encoders make about 10.
+    int scans = 0;
+    for (std::size_t at = jpeg.find(startOfScan); at != std::string_view::npos && scans <= mostScans;
+         at = jpeg.find(startOfScan, at + startOfScan.size()))
+        ++scans;
+    return scans <= mostScans;
+}
+
+/// One picture that is read by the one decoder for what its bytes are; nothing else is tried out on them.
+class Reading {
+public:
+    Reading(std::string_view encoded, Kind kind, const Breath& breath)
+        : encoded_(encoded)
+        , kind_(kind)
+        , buffer_(encoded, breath)
+    {
+        reader_.setAutoDetectImageFormat(false);
+        reader_.setFormat(formatName(kind));
+        reader_.setDevice(&buffer_);
+        reader_.setAutoTransform(true); // A photograph is shown the way it was taken.
+    }
+
+    /// None: it may not be decoded, by what its header claims.
+    std::optional<PictureShape> shape()
+    {
+        if (kind_ == Kind::tiff && !prepareTIFF())
+            return std::nullopt;
+        if (kind_ == Kind::jpeg && !hasBearableScans(encoded_))
+            return std::nullopt;
+        QSize size = reader_.size();
+        if (!size.isValid())
+            return std::nullopt;
+        PictureShape shape;
+        shape.bytesPerSample = isOfDeepSamples(reader_.imageFormat()) ? 2 : 1;
+        if (!isBearable(static_cast<std::uint64_t>(size.width()), static_cast<std::uint64_t>(size.height()),
+                        shape.bytesPerPixel()))
+            return std::nullopt;
+        if (reader_.transformation() & QImageIOHandler::TransformationRotate90)
+            size.transpose();
+        shape.width = static_cast<std::uint32_t>(size.width());
+        shape.height = static_cast<std::uint32_t>(size.height());
+        return shape;
+    }
+
+    /// After `shape`. Null: it is broken or cut off, or the breath has stopped it.
+    QImage read()
+    {
+        buffer_.forgetReads();
+        QImage image = reader_.read();
+        if (buffer_.isStopped() || reader_.error() != QImageReader::UnknownError || isCutOff())
+            return {};
+        if (formatWithAlpha_ && image.format() == QImage::Format_RGB32)
+            image.reinterpretAsFormat(*formatWithAlpha_);
+        return image;
+    }
+
+private:
+    bool prepareTIFF()
+    {
+        const auto directory = TIFFDirectory::firstOf(encoded_);
+        if (!directory || !isBearable(*directory))
+            return false;
+        TIFFLibrary::silence();
+        using Alpha = TIFFDirectory::Alpha;
+        constexpr std::uint64_t greyAndAlpha = 2;
+        // The decoder keeps the alpha of grey pixels, but says that there is none.
+        if (directory->samplesPerPixel == greyAndAlpha && directory->alpha == Alpha::unassociated)
+            formatWithAlpha_ = QImage::Format_ARGB32;
+        else if (directory->samplesPerPixel == greyAndAlpha && directory->alpha == Alpha::associated)
+            formatWithAlpha_ = QImage::Format_ARGB32_Premultiplied;
+        // It multiplies 8-bit colours with an alpha that is called unassociated, and what is lost then does
+        // not come back. It leaves them alone when it does not know what the alpha is.
+        else if (directory->alpha == Alpha::unassociated)
+            buffer_.replace(directory->alphaOffset, static_cast<char>(Alpha::unspecified));
+        return true;
+    }
+
+    /// These decoders return what they have got when the data ends too early; that is not the picture.
+    bool isCutOff() const
+    {
+        switch (kind_) {
+        case Kind::jpeg:
+        case Kind::gif:
+            return buffer_.isExhausted(); // They read in blocks, the last of which may be short.
+        case Kind::bmp:
+            return buffer_.hasComeShort(); // It reads row by row.
+        default:
+            return false;
+        }
+    }
+
+    ToolkitSilence silence_;
+    std::string_view encoded_;
+    Kind kind_;
+    BreathingBuffer buffer_;
+    QImageReader reader_;
+    std::optional<QImage::Format> formatWithAlpha_; ///< What the decoder does not say.
+};
 
 PictureShape shapeOfImage(const QImage& image)
 {
@@ -94,22 +200,55 @@ void putMoreSignificantByteFirst(std::span<std::byte> samples)
     }
 }
 
+/// The colours of a row as they were before they were multiplied with its alpha: each the nearest of those
+/// that can have been there. The toolkit's own division is only close, and not the same on every processor.
+template <class Sample>
+void divideByAlpha(std::span<std::byte> row)
+{
+    constexpr std::uint64_t opaque = std::numeric_limits<Sample>::max();
+    std::array<Sample, PictureShape::samplesPerPixel> pixel = {};
+    for (std::size_t at = 0; at + sizeof pixel <= row.size(); at += sizeof pixel) {
+        std::memcpy(pixel.data(), row.data() + at, sizeof pixel);
+        const std::uint64_t alpha = pixel[3];
+        for (std::size_t sample = 0; sample < 3; ++sample) {
+            const std::uint64_t straight = alpha == 0 ? 0 : (pixel[sample] * opaque + alpha / 2) / alpha;
+            pixel[sample] = static_cast<Sample>(std::min(straight, opaque));
+        }
+        std::memcpy(row.data() + at, pixel.data(), sizeof pixel);
+    }
+}
+
+/// The form with the same samples in the order of a row.
+QImage::Format rowFormat(bool isDeep, bool isPremultiplied)
+{
+    if (isDeep)
+        return isPremultiplied ? QImage::Format_RGBA64_Premultiplied : QImage::Format_RGBA64;
+    return isPremultiplied ? QImage::Format_RGBA8888_Premultiplied : QImage::Format_RGBA8888;
+}
+
 /// Converts a band of rows at a time, so that the picture is in memory once and not twice.
 bool feedRows(const QImage& image, PictureRowSink& sink, const Breath& breath)
 {
     const PictureShape shape = shapeOfImage(image);
     if (!sink.begin(shape))
         return false;
-    const auto format = shape.bytesPerSample == 2 ? QImage::Format_RGBA64 : QImage::Format_RGBA8888;
+    const bool isDeep = shape.bytesPerSample == 2;
+    const bool isPremultiplied =
+        QImage::toPixelFormat(image.format()).premultiplied() == QPixelFormat::Premultiplied;
     const int rowsAtOnce = std::max(1, static_cast<int>(bytesBetweenBreaths / shape.bytesPerRow()));
     std::vector<std::byte> row(shape.bytesPerRow());
     for (int top = 0; top < image.height(); top += rowsAtOnce) {
         const int count = std::min(rowsAtOnce, image.height() - top);
-        const QImage band = image.copy(0, top, image.width(), count).convertToFormat(format);
+        const QImage band =
+            image.copy(0, top, image.width(), count).convertToFormat(rowFormat(isDeep, isPremultiplied));
         for (int line = 0; line < count; ++line) {
             const auto* pixels = reinterpret_cast<const std::byte*>(band.constScanLine(line));
             std::copy_n(pixels, row.size(), row.begin());
-            if (shape.bytesPerSample == 2)
+            if (isPremultiplied && isDeep)
+                divideByAlpha<std::uint16_t>(row);
+            else if (isPremultiplied)
+                divideByAlpha<std::uint8_t>(row);
+            if (isDeep)
                 putMoreSignificantByteFirst(row);
             if (!sink.row(row))
                 return false;
@@ -125,35 +264,21 @@ bool feedRows(const QImage& image, PictureRowSink& sink, const Breath& breath)
 std::optional<PictureShape> WholePictureDecoder::shapeOf(std::string_view encoded, Kind kind)
 {
     const Breath never;
-    BreathingBuffer buffer(encoded, never);
-    QImageReader reader;
-    prepare(reader, buffer, kind);
-    if (!isOfBearableSize(reader))
-        return std::nullopt;
-    QSize size = reader.size();
-    if (reader.transformation() & QImageIOHandler::TransformationRotate90)
-        size.transpose();
-    PictureShape shape;
-    shape.width = static_cast<std::uint32_t>(size.width());
-    shape.height = static_cast<std::uint32_t>(size.height());
-    shape.bytesPerSample = isOfDeepSamples(reader.imageFormat()) ? 2 : 1;
-    return shape;
+    return Reading(encoded, kind, never).shape();
 }
 
 bool WholePictureDecoder::decode(std::string_view encoded, Kind kind, PictureRowSink& sink,
                                  const Breath& breath)
 {
-    BreathingBuffer buffer(encoded, breath);
-    QImageReader reader;
-    prepare(reader, buffer, kind);
-    if (!isOfBearableSize(reader))
+    Reading reading(encoded, kind, breath);
+    const auto shape = reading.shape();
+    if (!shape)
         return false;
-    const QImage image = reader.read();
-    if (image.isNull() || buffer.isStopped() || reader.error() != QImageReader::UnknownError)
-        return false;
-    if (isCutOff(buffer, kind))
-        return false;
-    return feedRows(image, sink, breath);
+    const QImage image = reading.read();
+    // An icon can hold a PNG of another size than it says.
+    const bool isAsClaimed =
+        shapeOfImage(image).width == shape->width && shapeOfImage(image).height == shape->height;
+    return !image.isNull() && isAsClaimed && feedRows(image, sink, breath);
 }
 
 } // namespace tessel

@@ -108,4 +108,12 @@ void X11Pasteboard::offerPrimary()
         state_->worker->offerPrimary(state_->text);
 }
 
+void X11Pasteboard::whenAvailable(std::function<void()> done)
+{
+    if (!state_->worker)
+        return state_->postToMain(std::move(done));
+    state_->worker->whenAvailable(
+        [post = state_->postToMain, done = std::move(done)]() mutable { post(std::move(done)); });
+}
+
 } // namespace tessel

@@ -45,6 +45,11 @@ public:
     /// that paste from nowhere else. Does nothing without a string.
     void offerPrimary();
 
+    /// Runs `done` on the main thread, on a later turn of its loop, once the server has decided on what was
+    /// written and offered last: others are given that from now on, unless somebody copied something newer.
+    /// Never runs if the display is lost before.
+    void whenAvailable(std::function<void()> done);
+
 private:
     struct State;
 
