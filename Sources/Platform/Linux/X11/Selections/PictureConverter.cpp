@@ -10,6 +10,7 @@
 
 #include "X11/Selections/PictureDecoder.h"
 #include "X11/Selections/ToolkitSilence.h"
+#include "X11/Selections/WholeImage.h"
 
 namespace tessel {
 
@@ -49,13 +50,13 @@ public:
         const auto format = isDeep           ? QImage::Format_RGBA64
                             : form_.hasAlpha ? QImage::Format_RGBA8888
                                              : QImage::Format_RGB32;
-        image_ = QImage(static_cast<int>(shape.width), static_cast<int>(shape.height), format);
-        return !image_.isNull();
+        *image_ = QImage(static_cast<int>(shape.width), static_cast<int>(shape.height), format);
+        return !image_->isNull();
     }
 
     bool row(std::span<const std::byte> pixels) override
     {
-        auto* destination = reinterpret_cast<std::byte*>(image_.scanLine(rowNumber_++));
+        auto* destination = reinterpret_cast<std::byte*>(image_->scanLine(rowNumber_++));
         if (form_.hasAlpha)
             std::ranges::copy(pixels, destination);
         else
@@ -65,7 +66,7 @@ public:
         return true;
     }
 
-    const QImage& image() const { return image_; }
+    const QImage& image() const { return *image_; }
 
 private:
     void copyOverWhite(std::span<const std::byte> pixels, std::byte* destination) const
@@ -95,7 +96,7 @@ private:
     const Form& form_;
     PictureShape shape_;
     int rowNumber_ = 0;
-    QImage image_;
+    WholeImage image_{QImage()};
 };
 
 /// Where the toolkit's encoders write to. Seekable, because the TIFF encoder goes back to mend its directory.

@@ -9,6 +9,7 @@
 #include <poll.h>
 #include <pthread.h>
 
+#include "X11/Selections/LargeBlocks.h"
 #include "X11/Selections/LargeTexts.h"
 #include "X11/Selections/PictureConverter.h"
 #include "X11/Selections/WorkerInbox.h"
@@ -26,15 +27,6 @@ void blockSignals()
     sigset_t everySignal;
     sigfillset(&everySignal);
     pthread_sigmask(SIG_BLOCK, &everySignal, nullptr);
-}
-
-/// Gives every large value pages of its own, which go back to the system with it. Left to itself the
-/// allocator puts the next large value where the last one was, and keeps the room. A setting of the whole
-/// process, made once.
-void keepLargeValuesApart()
-{
-    static const int isSet = mallopt(M_MMAP_THRESHOLD, static_cast<int>(largeValueBytes));
-    static_cast<void>(isSet);
 }
 
 /// Milliseconds to wait for `deadline`, rounded up so that it has passed then; -1 without one.
@@ -247,7 +239,7 @@ void SelectionsWorker::Thread::giveMemoryBack()
 std::unique_ptr<SelectionsWorker> SelectionsWorker::start(const std::string& displayName,
                                                           FingerprintRule rule, ReadingHandler onReading)
 {
-    keepLargeValuesApart();
+    keepLargeBlocksApart();
     auto connection = XcbSelectionConnection::open(displayName);
     if (!connection)
         return nullptr;

@@ -14,6 +14,7 @@
 #include "X11/Selections/TIFFDirectory.h"
 #include "X11/Selections/TIFFLibrary.h"
 #include "X11/Selections/ToolkitSilence.h"
+#include "X11/Selections/WholeImage.h"
 
 namespace tessel {
 
@@ -274,11 +275,11 @@ bool WholePictureDecoder::decode(std::string_view encoded, Kind kind, PictureRow
     const auto shape = reading.shape();
     if (!shape)
         return false;
-    const QImage image = reading.read();
+    const WholeImage image(reading.read());
     // An icon can hold a PNG of another size than it says.
     const bool isAsClaimed =
-        shapeOfImage(image).width == shape->width && shapeOfImage(image).height == shape->height;
-    return !image.isNull() && isAsClaimed && feedRows(image, sink, breath);
+        shapeOfImage(*image).width == shape->width && shapeOfImage(*image).height == shape->height;
+    return !image->isNull() && isAsClaimed && feedRows(*image, sink, breath);
 }
 
 } // namespace tessel

@@ -7,6 +7,8 @@
 #include <sys/eventfd.h>
 #include <unistd.h>
 
+#include "X11/Selections/LargeBlocks.h"
+
 namespace tessel {
 
 WorkerInbox::WorkerInbox()

@@ -28,12 +28,9 @@ private:
     std::vector<std::function<void()>> work_;
 };
 
-/// The size from which a value counts as large: its memory is better freed on the worker thread, because
-/// handing many pages back to the system takes milliseconds.
-constexpr std::size_t largeValueBytes = std::size_t{1} << 20;
-
-/// `value` as other threads may have it: wherever the last of them drops it, a large one is freed by the
-/// worker. Without a worker it is freed where it is dropped. `onDropped` runs on the worker after that.
+/// `value` as other threads may have it: wherever the last of them drops it, a large one (`largeValueBytes`)
+/// is freed by the worker. Without a worker it is freed where it is dropped. `onDropped` runs on the worker
+/// after that.
 std::shared_ptr<const std::string> freedByWorker(std::shared_ptr<const std::string> value,
                                                  const std::shared_ptr<WorkerInbox>& inbox,
                                                  std::function<void()> onDropped);
