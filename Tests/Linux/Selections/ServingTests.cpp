@@ -200,14 +200,15 @@ TEST_F(Serving, ALargeTextIsRewrittenToLatin1OnItsWay)
     EXPECT_EQ(answer->bytes, latin1);
 }
 
-TEST_F(Serving, TheBoundForIncrementsIsAQuarterOfARequest)
+TEST_F(Serving, WhatIsMoreThanARequestCarriesGoesInIncrements)
 {
-    own(std::string(FakeDisplay::requestBytes / 4, 'x'));
+    constexpr std::size_t requestHead = 100;
+    own(std::string(FakeDisplay::requestBytes - requestHead, 'x'));
     const WindowID window = display.createForeignWindow();
     display.request(window, atoms().clipboard, atoms().utf8String, property);
     display.deliverAll();
     EXPECT_EQ(display.property(window, property)->type, atoms().utf8String);
-    own(std::string(FakeDisplay::requestBytes / 4 + 1, 'x'));
+    own(std::string(FakeDisplay::requestBytes - requestHead + 1, 'x'));
     display.request(window, atoms().clipboard, atoms().utf8String, property);
     display.deliverAll();
     EXPECT_EQ(display.property(window, property)->type, atoms().incr);

@@ -14,10 +14,6 @@ public:
     /// A requestor that has not taken a piece for this long is given up. It restarts with every piece, so
     /// that a slow requestor may take as long as it needs for the whole.
     static constexpr std::chrono::seconds longestSilence{10};
-    /// Pieces of this many bytes: few enough round trips for a large value, and little to be left behind in
-    /// the server when a requestor never takes its piece away.
-    static constexpr std::size_t mostIncrementBytes = std::size_t{1} << 20;
-
     enum class Progress { underWay, finished };
     /// What becomes of the bytes on their way.
     enum class Rewriting { none, utf8ToLatin1 };

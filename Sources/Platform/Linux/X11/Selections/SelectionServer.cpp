@@ -155,16 +155,16 @@ bool SelectionServer::write(WindowID requestor, AtomID property, const Reply& re
     if (transfers_.size() >= mostTransfers)
         return false;
     wire_.watchRequestor(requestor);
-    const std::size_t incrementBytes = std::min(OutgoingTransfer::mostIncrementBytes, incrementThreshold());
     transfers_.emplace_back(wire_, atoms_, requestor, property, reply.type, reply.bytes, reply.rewriting,
-                            incrementBytes, now);
+                            incrementThreshold(), now);
     return true;
 }
 
-/// More than a quarter of the maximum request size goes in increments (ICCCM section 2.5).
+/// More than one request carries goes in increments (ICCCM section 2.5). The request takes some of it for itself.
 std::size_t SelectionServer::incrementThreshold() const
 {
-    return wire_.maximumRequestBytes() / 4;
+    constexpr std::size_t requestHead = 100;
+    return wire_.maximumRequestBytes() - requestHead;
 }
 
 void SelectionServer::notify(const SelectionRequest& request, AtomID property)

@@ -113,7 +113,8 @@ public:
     /// Reports deletions of the requestor's properties and its death from now on.
     virtual void watchRequestor(WindowID window) = 0;
     virtual void unwatchRequestor(WindowID window) = 0;
-    /// The most bytes that one request can carry.
+    /// The most bytes that one request can carry by the handshake of the connection. Larger requests, which
+    /// an extension allows, are not what ICCCM section 2.5 reckons with.
     virtual std::size_t maximumRequestBytes() const = 0;
 };
 

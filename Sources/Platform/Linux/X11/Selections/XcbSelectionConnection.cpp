@@ -43,12 +43,11 @@ XcbSelectionConnection::~XcbSelectionConnection() = default;
 bool XcbSelectionConnection::prepare()
 {
     xcb_prefetch_extension_data(connection_.get(), &xcb_xfixes_id);
-    xcb_prefetch_maximum_request_length(connection_.get());
     internAtoms();
     if (!prepareFixes())
         return false;
     constexpr std::size_t bytesPerUnit = 4;
-    maximumRequestBytes_ = bytesPerUnit * xcb_get_maximum_request_length(connection_.get());
+    maximumRequestBytes_ = bytesPerUnit * xcb_get_setup(connection_.get())->maximum_request_length;
     root_ = xcb_setup_roots_iterator(xcb_get_setup(connection_.get())).data->root;
     ownerWindow_ = createWindow();
     constexpr std::uint32_t ownerGone = XCB_XFIXES_SELECTION_EVENT_MASK_SELECTION_WINDOW_DESTROY |
