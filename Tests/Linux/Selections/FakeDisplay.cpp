@@ -49,9 +49,14 @@ FakeDisplay::FakeDisplay() = default;
 
 WindowID FakeDisplay::takeClipboard(FakeOwner owner)
 {
+    return takeClipboard(std::move(owner), ++time_);
+}
+
+WindowID FakeDisplay::takeClipboard(FakeOwner owner, ServerTime time)
+{
     const WindowID window = createForeignWindow();
     owners_[window] = std::move(owner);
-    setOwner(window, atoms.clipboard, ++time_, OwnerChangeReason::ownerSet);
+    setOwner(window, atoms.clipboard, time, OwnerChangeReason::ownerSet);
     return window;
 }
 
@@ -70,7 +75,8 @@ void FakeDisplay::killOwner()
     std::erase_if(increments_, [&](const auto& entry) { return entry.second.owner == selection.owner; });
     // The server does not count a death as a change of the selection: its time stays.
     selection.owner = noWindow;
-    post([this, time = ++time_] {
+    ++time_;
+    post([this, time = selection.time] {
         coordinator->ownerChanged({atoms.clipboard, noWindow, OwnerChangeReason::clientClosed, time}, now);
     });
 }
@@ -83,7 +89,8 @@ void FakeDisplay::takeByStranger(AtomID selection)
 void FakeDisplay::killStranger(AtomID selection)
 {
     selections_[selection].owner = noWindow;
-    post([this, selection, time = ++time_] {
+    ++time_;
+    post([this, selection, time = selections_[selection].time] {
         coordinator->ownerChanged({selection, noWindow, OwnerChangeReason::windowDestroyed, time}, now);
     });
 }
@@ -149,9 +156,14 @@ bool FakeDisplay::deliverOne()
 {
     if (events_.empty())
         return false;
-    const auto event = std::move(events_.front());
-    events_.pop_front();
-    event();
+    auto next = events_.begin();
+    if (eventsOvertakeReplies) {
+        const auto event = std::ranges::find(events_, false, &Event::isReply);
+        next = event == events_.end() ? next : event;
+    }
+    const auto deliver = std::move(next->deliver);
+    events_.erase(next);
+    deliver();
     return true;
 }
 
@@ -249,7 +261,7 @@ void FakeDisplay::readProperty(WindowID window, AtomID property, std::size_t off
         bytesRead += piece.bytes.size();
     }
     // The answer is on its way before the owner learns that its property is gone.
-    post([this, window, property, bytesAfter, piece = std::move(piece)] {
+    postReply([this, window, property, bytesAfter, piece = std::move(piece)] {
         coordinator->propertyArrived({window, property, piece.type, piece.format, bytesAfter,
                                       std::as_bytes(std::span(piece.bytes.data(), piece.bytes.size()))},
                                      now);

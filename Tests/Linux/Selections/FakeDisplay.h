@@ -66,6 +66,8 @@ public:
 
     /// Another client takes the clipboard.
     WindowID takeClipboard(FakeOwner owner);
+    /// With a time of its own, which may be earlier than now.
+    WindowID takeClipboard(FakeOwner owner, ServerTime time);
     /// The owner gives the clipboard up on purpose.
     void clearClipboard();
     /// The owner's connection ends.
@@ -90,6 +92,9 @@ public:
 
     /// Drops what was to be delivered, as if we had not been there yet.
     void forgetEvents() { events_.clear(); }
+    /// Whether events are read before the replies that are read with them, as the protocol library hands them
+    /// out.
+    bool eventsOvertakeReplies = false;
     /// Delivers the oldest event. False: there is none.
     bool deliverOne();
     /// Delivers until there is nothing left to deliver.
@@ -146,15 +151,16 @@ private:
     void propertyDeleted(Place place);
     void continueIncrements(Place place);
     void put(Place place, FakeProperty value);
-    template <class Event>
-    void post(Event event)
-    {
-        events_.push_back(std::move(event));
-    }
+    struct Event {
+        std::function<void()> deliver;
+        bool isReply = false;
+    };
+    void post(std::function<void()> event) { events_.push_back({std::move(event), false}); }
+    void postReply(std::function<void()> reply) { events_.push_back({std::move(reply), true}); }
 
     ServerTime time_ = 1000;
     WindowID nextWindow_ = 100;
-    std::deque<std::function<void()>> events_;
+    std::deque<Event> events_;
     std::map<AtomID, Selection> selections_;
     std::map<WindowID, FakeOwner> owners_;
     std::set<WindowID> foreignWindows_;

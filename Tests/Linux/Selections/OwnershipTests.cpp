@@ -188,6 +188,20 @@ TEST_F(Ownership, WhoTakesTheSelectionAfterADeathKeepsIt)
     EXPECT_EQ(*reports[1].received.value.text, "manager");
 }
 
+TEST_F(Ownership, WhoTakesTheSelectionAtADeathWithAnEarlierTimeKeepsItToo)
+{
+    copy("word");
+    display.passTime(std::chrono::milliseconds(50));
+    const ServerTime keyPress = display.time();
+    display.passTime(std::chrono::milliseconds(50));
+    display.killOwner();
+    display.takeClipboard(textOwner("copied by a slow application"), keyPress);
+    display.deliverAll();
+    EXPECT_FALSE(display.isOwnedByUs(atoms().clipboard));
+    ASSERT_EQ(reports.size(), 2U);
+    EXPECT_EQ(*reports[1].received.value.text, "copied by a slow application");
+}
+
 TEST_F(Ownership, NothingIsTakenOverAfterAClearByOthers)
 {
     copy("word");

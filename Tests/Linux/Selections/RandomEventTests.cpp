@@ -18,6 +18,7 @@ public:
     explicit RandomEvents(std::uint64_t seed)
         : random_(seed)
     {
+        display.eventsOvertakeReplies = random_.oneIn(2);
         if (random_.oneIn(2)) {
             display.takeClipboard(randomOwner());
             display.forgetEvents();

@@ -59,6 +59,13 @@ protected:
     }
 };
 
+TEST_F(Receiving, AnIncrementThatOvertakesItsAnnouncementIsNotMissed)
+{
+    display.eventsOvertakeReplies = true;
+    copy({{atoms().utf8String, inIncrements(utf8Target(atoms(), "a text in increments"), 4)}});
+    EXPECT_EQ(onlyText(), "a text in increments");
+}
+
 TEST_F(Receiving, ATextInOneProperty)
 {
     copy({{atoms().utf8String, text("Grüße")}});

@@ -9,6 +9,8 @@
 #include <unistd.h>
 #include <xcb/xfixes.h>
 
+#include "TestLoop.h"
+
 namespace tessel {
 
 RivalManager::RivalManager(const std::string& display, Greed greed)
@@ -52,6 +54,23 @@ std::string RivalManager::text() const
     return text_;
 }
 
+int RivalManager::ownershipChanges() const
+{
+    std::unique_lock lock(mutex_);
+    const int mark = ++marksSent_;
+    xcb_client_message_event_t message{};
+    message.response_type = XCB_CLIENT_MESSAGE;
+    message.format = 32;
+    message.window = window_;
+    message.type = property_;
+    xcb_send_event(connection_.get(), 0, window_, XCB_EVENT_MASK_NO_EVENT,
+                   reinterpret_cast<const char*>(&message));
+    xcb_flush(connection_.get());
+    if (!markSeen_.wait_for(lock, TestLoop::patience, [&] { return marksSeen_ >= mark; }))
+        throw std::runtime_error("the X server does not answer the watch");
+    return changes_;
+}
+
 xcb_atom_t RivalManager::intern(const std::string& name)
 {
     const auto cookie =
@@ -85,12 +104,19 @@ void RivalManager::handle(const xcb_generic_event_t& event)
         received(reinterpret_cast<const xcb_selection_notify_event_t&>(event).property);
     } else if (kind == XCB_SELECTION_REQUEST) {
         serve(reinterpret_cast<const xcb_selection_request_event_t&>(event));
+    } else if (kind == XCB_CLIENT_MESSAGE) {
+        const std::lock_guard lock(mutex_);
+        ++marksSeen_;
+        markSeen_.notify_all();
     }
 }
 
 void RivalManager::ownerChanged(xcb_window_t owner, std::uint8_t kind)
 {
-    ++changes_;
+    {
+        const std::lock_guard lock(mutex_);
+        ++changes_;
+    }
     if (greed_ == Greed::watches || owner == window_)
         return;
     if (owner != XCB_NONE)

@@ -1,6 +1,6 @@
 #pragma once
 
-#include <atomic>
+#include <condition_variable>
 #include <cstdint>
 #include <cstdlib>
 #include <memory>
@@ -27,8 +27,9 @@ public:
     RivalManager& operator=(const RivalManager&) = delete;
 
     xcb_window_t window() const { return window_; }
-    /// How often CLIPBOARD has had another owner since the beginning; a death counts as well.
-    int ownershipChanges() const { return changes_; }
+    /// How often CLIPBOARD has had another owner since the beginning until this call; a death counts as well.
+    /// Waits until everything that the server has announced is counted.
+    int ownershipChanges() const;
     std::string text() const;
 
 private:
@@ -57,7 +58,10 @@ private:
     xcb_atom_t property_ = XCB_NONE;
     mutable std::mutex mutex_;
     std::string text_;
-    std::atomic<int> changes_ = 0;
+    int changes_ = 0;
+    mutable int marksSent_ = 0; ///< Messages to ourselves.
+    int marksSeen_ = 0;
+    mutable std::condition_variable markSeen_;
     int stopDescriptor_;
     std::thread thread_;
 };

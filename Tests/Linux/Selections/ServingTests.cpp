@@ -157,6 +157,30 @@ TEST_F(Serving, ARequestFromBeforeOurOwnershipIsRefused)
     EXPECT_EQ(display.notices[1].property, property);
 }
 
+TEST_F(Serving, WhatHasBeenOwnedForWeeksIsServed)
+{
+    own("text");
+    const WindowID window = display.createForeignWindow();
+    for (int week = 1; week <= 7; ++week) {
+        display.passTime(std::chrono::hours(7 * 24));
+        display.notices.clear();
+        display.request(window, atoms().clipboard, atoms().utf8String, property, display.time());
+        display.deliverAll();
+        ASSERT_EQ(display.notices.size(), 1U);
+        EXPECT_EQ(display.notices[0].property, property) << "after " << week << " weeks";
+    }
+}
+
+TEST_F(Serving, NobodyMayUseOurOwnWindow)
+{
+    own(large());
+    display.notices.clear();
+    display.request(FakeDisplay::ownWindow, atoms().clipboard, atoms().utf8String, property);
+    display.deliverAll();
+    ASSERT_EQ(display.notices.size(), 1U);
+    EXPECT_EQ(display.notices[0].property, noAtom);
+}
+
 TEST_F(Serving, AnObsoleteClientGetsTheTargetAsProperty)
 {
     own("text");

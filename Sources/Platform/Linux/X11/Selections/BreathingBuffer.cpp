@@ -8,7 +8,7 @@ namespace tessel {
 namespace {
 
 /// An encoded byte stands for many decoded ones, so the breaths come more often than among decoded bytes.
-constexpr std::size_t encodedBytesBetweenBreaths = std::size_t{64} << 10;
+constexpr std::size_t encodedBytesBetweenBreaths = std::size_t{8} << 10;
 
 } // namespace
 

@@ -57,9 +57,9 @@ IncomingConversion::Progress IncomingConversion::propertyChanged(const PropertyC
 {
     if (!isAskedProperty(change.window, change.property) || change.kind != PropertyChangeKind::newValue)
         return progress_;
-    if (stage_ == Stage::readingIncrement)
-        incrementIsWaiting_ =
-            true; // The next piece can be there before we have seen the last slice of this one.
+    // The next piece can be there before we have seen the last slice of this one, or the announcement.
+    if (stage_ == Stage::readingIncrement || stage_ == Stage::readingProperty)
+        incrementIsWaiting_ = true;
     if (stage_ != Stage::awaitingIncrement)
         return progress_;
     deadline_ = now + longestSilence;
@@ -119,8 +119,17 @@ IncomingConversion::Progress IncomingConversion::beginIncrements(const PropertyS
         std::memcpy(&announced, slice.bytes.data(), sizeof announced);
     expectedBytes_ = std::min<std::size_t>(announced, mostBytes_); // Only a lower bound, and only a claim.
     comesInIncrements_ = true;
-    stage_ = Stage::awaitingIncrement;
+    awaitIncrement();
     return progress_;
+}
+
+void IncomingConversion::awaitIncrement()
+{
+    stage_ = Stage::awaitingIncrement;
+    if (!std::exchange(incrementIsWaiting_, false))
+        return;
+    stage_ = Stage::readingIncrement;
+    readFrom(0);
 }
 
 IncomingConversion::Progress IncomingConversion::continueIncrements(const PropertySlice& slice)
@@ -138,11 +147,7 @@ IncomingConversion::Progress IncomingConversion::continueIncrements(const Proper
         readFrom(offset_ + slice.bytes.size());
         return progress_;
     }
-    stage_ = Stage::awaitingIncrement;
-    if (std::exchange(incrementIsWaiting_, false)) {
-        stage_ = Stage::readingIncrement;
-        readFrom(0);
-    }
+    awaitIncrement();
     return progress_;
 }
 
@@ -175,8 +180,9 @@ IncomingConversion::Progress IncomingConversion::append(const PropertySlice& sli
     if (slice.bytes.empty() && slice.bytesAfter > 0)
         return finish(Progress::failed); // It shrinks and grows under our hands; there would be no end to it.
     receivedBytes_ += slice.bytes.size();
+    // Whoever sends increments goes on with them; a property that is too large just stays where it is.
     if (receivedBytes_ > mostBytes_ || slice.bytesAfter > mostBytes_ - receivedBytes_)
-        return finish(Progress::failed);
+        return finish(comesInIncrements_ ? Progress::failed : Progress::refused);
     const std::string_view piece(reinterpret_cast<const char*>(slice.bytes.data()), slice.bytes.size());
     if (decoder_)
         decoder_->append(piece);

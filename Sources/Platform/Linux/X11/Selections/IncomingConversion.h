@@ -66,6 +66,7 @@ private:
     Progress finish(Progress outcome);
     void readFrom(std::size_t offset);
     Progress beginIncrements(const PropertySlice& slice);
+    void awaitIncrement();
     Progress continueIncrements(const PropertySlice& slice);
     Progress append(const PropertySlice& slice);
     Progress beginContent(const PropertySlice& slice);

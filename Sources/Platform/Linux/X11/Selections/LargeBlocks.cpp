@@ -39,7 +39,9 @@ void giveBackPages(const void* block, std::size_t bytes)
 
 } // namespace tessel
 
-// Both, so that what one of them gives the other may free.
+// Both, so that what one of them gives the other may free. AddressSanitizer has its own, and checks with
+// them.
+#if !defined(__SANITIZE_ADDRESS__)
 
 void* operator new(std::size_t bytes)
 {
@@ -63,3 +65,5 @@ void operator delete(void* block, std::size_t) noexcept
 {
     operator delete(block);
 }
+
+#endif

@@ -6,7 +6,7 @@ namespace tessel {
 
 /// The size from which a value counts as large, in bytes: its memory is better freed on the worker thread,
 /// because handing many pages back to the system takes milliseconds.
-constexpr std::size_t largeValueBytes = std::size_t{1} << 20;
+constexpr std::size_t largeValueBytes = std::size_t{128} << 10;
 
 /// Gives every large value pages of its own, which go back to the system with it. Left to itself the
 /// allocator puts the next large value where the last one was, and keeps the room. A setting of the whole

@@ -54,6 +54,8 @@ void SelectionServer::selectionRequested(const SelectionRequest& asked, Moment n
     const bool isObsoleteClient = request.property == noAtom;
     if (isObsoleteClient)
         request.property = request.target; // ICCCM section 2.2.
+    if (request.requestor == wire_.ownerWindow())
+        return notify(request, noAtom); // Nobody else has business with our window's properties.
     const SharedOffer offer = offered(request.selection);
     // A request from before our ownership is meant for the owner of that time (ICCCM section 2.2).
     const bool isTooOld = offer && request.time != currentTime && isBefore(request.time, offer->time);
@@ -160,7 +162,8 @@ bool SelectionServer::write(WindowID requestor, AtomID property, const Reply& re
     return true;
 }
 
-/// More than one request carries goes in increments (ICCCM section 2.5). The request takes some of it for itself.
+/// More than one request carries goes in increments (ICCCM section 2.5). The request takes some of it for
+/// itself.
 std::size_t SelectionServer::incrementThreshold() const
 {
     constexpr std::size_t requestHead = 100;
@@ -269,13 +272,11 @@ bool SelectionServer::isWanted(const SharedOffer& offer, AtomID target) const
 
 void SelectionServer::pictureConverted(const SharedOffer& offer, AtomID target, SharedBytes bytes, Moment now)
 {
-    std::vector<Job> ready;
-    std::erase_if(waiting_, [&](Job& job) {
-        const bool isReady = job.offer == offer && job.waitingFor == target;
-        if (isReady)
-            ready.push_back(std::move(job));
-        return isReady;
+    const auto firstReady = std::stable_partition(waiting_.begin(), waiting_.end(), [&](const Job& job) {
+        return job.offer != offer || job.waitingFor != target;
     });
+    std::vector<Job> ready(std::make_move_iterator(firstReady), std::make_move_iterator(waiting_.end()));
+    waiting_.erase(firstReady, waiting_.end());
     for (Job& job : ready) {
         job.converted[target] = bytes;
         job.waitingFor = noAtom;

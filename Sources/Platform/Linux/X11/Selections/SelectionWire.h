@@ -20,10 +20,13 @@ constexpr std::uint32_t noAtom = 0;
 constexpr std::uint32_t noWindow = 0;
 constexpr ServerTime currentTime = 0;
 
-/// Whether server time `a` is before `b`; the clock wraps, so that half of its range counts as the past.
+/// Whether server time `a` is before `b`, by an hour at most. The clock wraps after 49 days: somebody who has
+/// owned a selection for weeks cannot tell a request of now from one of long ago, and the former is what
+/// comes.
 constexpr bool isBefore(ServerTime a, ServerTime b)
 {
-    return static_cast<std::int32_t>(a - b) < 0;
+    constexpr ServerTime oneHour = 3'600'000;
+    return a != b && b - a < oneHour;
 }
 
 /// Why a selection has another owner than before (XFixes, selection notification).
@@ -37,7 +40,9 @@ struct OwnerChange {
     AtomID selection = noAtom;
     WindowID owner = noWindow; ///< None: nobody owns it now.
     OwnerChangeReason reason = OwnerChangeReason::ownerSet;
-    ServerTime time = currentTime; ///< When it happened.
+    /// When the owner was set. Of one that is gone, when it had taken the selection: with this time the
+    /// selection can be taken in its place, and not from anybody who has taken it since.
+    ServerTime time = currentTime;
 };
 
 /// `SelectionNotify`: an owner's answer to a conversion (ICCCM section 2.2).

@@ -134,7 +134,8 @@ void SelectionsWorker::Thread::turn(Waiting waiting)
 {
     const bool mustWait =
         waiting == Waiting::forSomething && backlog_ == XcbSelectionConnection::Backlog::none;
-    wait(mustWait ? millisecondsUntil(coordinator_.deadline()) : 0);
+    const auto deadline = connection_->isLost() ? std::nullopt : coordinator_.deadline();
+    wait(mustWait ? millisecondsUntil(deadline) : 0);
     for (auto& work : inbox_->takeAll())
         work();
     backlog_ = XcbSelectionConnection::Backlog::none;
@@ -149,7 +150,7 @@ void SelectionsWorker::Thread::wait(int milliseconds)
     // A lost connection is readable for ever; without it only the inbox is left.
     pollfd sources[] = {{inbox_->fileDescriptor(), POLLIN, 0}, {connection_->fileDescriptor(), POLLIN, 0}};
     if (connection_->isLost()) {
-        poll(sources, 1, milliseconds < 0 || milliseconds > 0 ? -1 : 0);
+        poll(sources, 1, milliseconds);
         return;
     }
     poll(sources, std::size(sources), milliseconds);

@@ -9,6 +9,7 @@
 
 #include <QImage>
 #include <QImageReader>
+#include <QTransform>
 
 #include "X11/Selections/BreathingBuffer.h"
 #include "X11/Selections/TIFFDirectory.h"
@@ -79,17 +80,27 @@ bool isBearable(const TIFFDirectory& directory)
     return !isTiled || isBearable(directory.tileWidth, directory.tileHeight, tilesOfWhole * bytesPerPixel);
 }
 
-/// Each scan of a progressive JPEG (ITU-T T.81, annex G) goes over the whole picture, in a few bytes. Inside
-/// a scan the marker cannot occur.
-bool hasBearableScans(std::string_view jpeg)
+/// How many scans there seem to be in a JPEG (ITU-T T.81, annex G). Inside a scan the marker cannot occur; a
+/// preview beside the picture counts as well.
+std::uint64_t scansOf(std::string_view jpeg)
 {
     constexpr std::string_view startOfScan = "\xFF\xDA";
-    constexpr int mostScans = 100; // Encoders make about 10.
-    int scans = 0;
-    for (std::size_t at = jpeg.find(startOfScan); at != std::string_view::npos && scans <= mostScans;
+    std::uint64_t scans = 0;
+    for (std::size_t at = jpeg.find(startOfScan); at != std::string_view::npos;
          at = jpeg.find(startOfScan, at + startOfScan.size()))
         ++scans;
-    return scans <= mostScans;
+    return scans;
+}
+
+/// Each scan of a progressive JPEG goes over the whole picture, in a few bytes, and its decoder keeps six
+/// bytes for each pixel meanwhile.
+bool hasBearableScans(std::string_view jpeg, std::uint64_t pixels)
+{
+    constexpr std::uint64_t mostScansOfOthers = 3; // The picture, and previews.
+    constexpr std::uint64_t mostPixels = std::uint64_t{7680} * 4320;
+    constexpr std::uint64_t mostVisits = 20 * mostPixels; // Encoders make about 10 scans.
+    const std::uint64_t scans = scansOf(jpeg);
+    return scans <= mostScansOfOthers || (pixels <= mostPixels && scans * pixels <= mostVisits);
 }
 
 /// One picture that is read by the one decoder for what its bytes are; nothing else is tried out on them.
@@ -103,7 +114,6 @@ public:
         reader_.setAutoDetectImageFormat(false);
         reader_.setFormat(formatName(kind));
         reader_.setDevice(&buffer_);
-        reader_.setAutoTransform(true); // A photograph is shown the way it was taken.
     }
 
     /// None: it may not be decoded, by what its header claims.
@@ -111,17 +121,20 @@ public:
     {
         if (kind_ == Kind::tiff && !prepareTIFF())
             return std::nullopt;
-        if (kind_ == Kind::jpeg && !hasBearableScans(encoded_))
-            return std::nullopt;
         QSize size = reader_.size();
         if (!size.isValid())
+            return std::nullopt;
+        const auto pixels =
+            static_cast<std::uint64_t>(size.width()) * static_cast<std::uint64_t>(size.height());
+        if (kind_ == Kind::jpeg && !hasBearableScans(encoded_, pixels))
             return std::nullopt;
         PictureShape shape;
         shape.bytesPerSample = isOfDeepSamples(reader_.imageFormat()) ? 2 : 1;
         if (!isBearable(static_cast<std::uint64_t>(size.width()), static_cast<std::uint64_t>(size.height()),
                         shape.bytesPerPixel()))
             return std::nullopt;
-        if (reader_.transformation() & QImageIOHandler::TransformationRotate90)
+        transformation_ = reader_.transformation();
+        if (transformation_ & QImageIOHandler::TransformationRotate90)
             size.transpose();
         shape.width = static_cast<std::uint32_t>(size.width());
         shape.height = static_cast<std::uint32_t>(size.height());
@@ -132,15 +145,28 @@ public:
     QImage read()
     {
         buffer_.forgetReads();
-        QImage image = reader_.read();
+        WholeImage image(reader_.read());
         if (buffer_.isStopped() || reader_.error() != QImageReader::UnknownError || isCutOff())
             return {};
-        if (formatWithAlpha_ && image.format() == QImage::Format_RGB32)
-            image.reinterpretAsFormat(*formatWithAlpha_);
-        return image;
+        if (formatWithAlpha_ && image->format() == QImage::Format_RGB32)
+            image->reinterpretAsFormat(*formatWithAlpha_);
+        return upright(*image);
     }
 
 private:
+    /// A photograph is shown the way it was taken (Exif 2.3, orientation). The toolkit would do the same, but
+    /// free what it has turned at once.
+    QImage upright(const QImage& image) const
+    {
+        const bool isMirrored = transformation_ & QImageIOHandler::TransformationMirror;
+        const bool isFlipped = transformation_ & QImageIOHandler::TransformationFlip;
+        const WholeImage turned(isMirrored || isFlipped ? image.mirrored(isMirrored, isFlipped) : image);
+        constexpr qreal quarterTurn = 90;
+        return transformation_ & QImageIOHandler::TransformationRotate90
+                   ? turned->transformed(QTransform().rotate(quarterTurn))
+                   : *turned;
+    }
+
     bool prepareTIFF()
     {
         const auto directory = TIFFDirectory::firstOf(encoded_);
@@ -180,6 +206,7 @@ private:
     Kind kind_;
     BreathingBuffer buffer_;
     QImageReader reader_;
+    QImageIOHandler::Transformations transformation_ = QImageIOHandler::TransformationNone;
     std::optional<QImage::Format> formatWithAlpha_; ///< What the decoder does not say.
 };
 
@@ -190,6 +217,20 @@ PictureShape shapeOfImage(const QImage& image)
     shape.height = static_cast<std::uint32_t>(image.height());
     shape.bytesPerSample = isOfDeepSamples(image.format()) ? 2 : 1;
     return shape;
+}
+
+/// Null: it may not be decoded, it is broken, or the breath has stopped it. The decoder ends before the image
+/// is used, because some keep a share of it.
+QImage readWhole(std::string_view encoded, Kind kind, const Breath& breath)
+{
+    Reading reading(encoded, kind, breath);
+    const auto shape = reading.shape();
+    if (!shape)
+        return {};
+    QImage image = reading.read();
+    // An icon can hold a PNG of another size than it says.
+    const PictureShape seen = shapeOfImage(image);
+    return seen.width == shape->width && seen.height == shape->height ? image : QImage();
 }
 
 /// The toolkit's 16-bit samples are in the machine's byte order.
@@ -271,15 +312,8 @@ std::optional<PictureShape> WholePictureDecoder::shapeOf(std::string_view encode
 bool WholePictureDecoder::decode(std::string_view encoded, Kind kind, PictureRowSink& sink,
                                  const Breath& breath)
 {
-    Reading reading(encoded, kind, breath);
-    const auto shape = reading.shape();
-    if (!shape)
-        return false;
-    const WholeImage image(reading.read());
-    // An icon can hold a PNG of another size than it says.
-    const bool isAsClaimed =
-        shapeOfImage(*image).width == shape->width && shapeOfImage(*image).height == shape->height;
-    return !image->isNull() && isAsClaimed && feedRows(*image, sink, breath);
+    const WholeImage image(readWhole(encoded, kind, breath));
+    return !image->isNull() && feedRows(*image, sink, breath);
 }
 
 } // namespace tessel

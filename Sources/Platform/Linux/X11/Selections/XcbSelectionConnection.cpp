@@ -164,7 +164,9 @@ void XcbSelectionConnection::dispatchEvent(SelectionCoordinator& coordinator,
                             : change.subtype == XCB_XFIXES_SELECTION_EVENT_SELECTION_CLIENT_CLOSE
                                 ? OwnerChangeReason::clientClosed
                                 : OwnerChangeReason::ownerSet;
-        return coordinator.ownerChanged({change.selection, change.owner, reason, change.timestamp}, now);
+        const bool isSet = reason == OwnerChangeReason::ownerSet;
+        const ServerTime time = isSet ? change.timestamp : change.selection_timestamp;
+        return coordinator.ownerChanged({change.selection, change.owner, reason, time}, now);
     }
     switch (kind) {
     case XCB_SELECTION_NOTIFY: {
