@@ -123,6 +123,36 @@ TEST_F(Ownership, AValueOutlivesItsOwnerWithoutBeingReportedAgain)
     EXPECT_EQ(reports.size(), 1U);
 }
 
+TEST_F(Ownership, AValueThatIsAnsweredIsNotLostWhenItsOwnerDiesAtOnce)
+{
+    display.takeClipboard(textOwner("word"));
+    constexpr int targetsAndText = 2;
+    while (display.readCount < targetsAndText)
+        ASSERT_TRUE(display.deliverOne());
+    display.killOwner();
+    display.deliverAll();
+    ASSERT_EQ(reports.size(), 1U);
+    ASSERT_TRUE(reports[0].received.value.text);
+    EXPECT_EQ(*reports[0].received.value.text, "word");
+    EXPECT_TRUE(display.isOwnedByUs(atoms().clipboard));
+    EXPECT_EQ(paste(atoms().clipboard, atoms().utf8String)->bytes, "word");
+}
+
+TEST_F(Ownership, AnOwnerThatAnnouncesIncrementsAndDiesIsNotWaitedFor)
+{
+    FakeTarget text = utf8Target(atoms(), "a text in increments");
+    text.incrementBytes = 4;
+    display.takeClipboard(ownerOf(atoms(), {{atoms().utf8String, text}}));
+    constexpr int targetsAndText = 2;
+    while (display.readCount < targetsAndText)
+        ASSERT_TRUE(display.deliverOne());
+    display.killOwner();
+    display.deliverAll();
+    ASSERT_EQ(reports.size(), 1U);
+    EXPECT_EQ(reports[0].received.readability, Readability::unreadable);
+    EXPECT_FALSE(display.isOwnedByUs(atoms().clipboard));
+}
+
 TEST_F(Ownership, APictureAndItsCompanionsOutliveTheirOwner)
 {
     FakeTarget picture;

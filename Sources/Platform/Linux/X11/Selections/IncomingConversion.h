@@ -42,6 +42,11 @@ public:
     Progress progress() const { return progress_; }
     /// Whether the owner sends, or has sent, the value in increments.
     bool comesInIncrements() const { return comesInIncrements_; }
+    /// Whether the owner has done its part: the value is in our window, and being read.
+    bool isReadingWhole() const
+    {
+        return progress_ == Progress::underWay && stage_ == Stage::readingProperty;
+    }
     /// When silence becomes failure.
     Moment deadline() const { return deadline_; }
 

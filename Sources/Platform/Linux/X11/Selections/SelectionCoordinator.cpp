@@ -19,6 +19,8 @@ SelectionCoordinator::SelectionCoordinator(SelectionWire& wire, const SelectionA
     receiver_.onIdle = [this] {
         if (!savers_.empty())
             acquisition_.askTime();
+        if (const auto time = std::exchange(takeOverTime_, std::nullopt))
+            takeOver(*time);
     };
     server_.onPictureWanted = [this](SelectionServer::SharedOffer offer, AtomID target) {
         onPictureWanted(std::move(offer), target);
@@ -70,6 +72,7 @@ void SelectionCoordinator::write(WriteGeneration generation, SharedSelectionValu
     isOwnerFromBefore_ = false;
     clipboardValue_ = std::move(value);
     isKeeping_ = false;
+    takeOverTime_.reset();
     heldChange_.reset();
     receiver_.abandon(now);
     onSuperseded();
@@ -151,6 +154,7 @@ void SelectionCoordinator::ownerChanged(const OwnerChange& change, Moment now)
 
 void SelectionCoordinator::receiveNewOwner(const OwnerChange& change, Moment now)
 {
+    takeOverTime_.reset();
     if (change.owner != noWindow) {
         isOwnerFromBefore_ = false;
         server_.withdraw(atoms_.clipboard);
@@ -164,8 +168,12 @@ void SelectionCoordinator::receiveNewOwner(const OwnerChange& change, Moment now
     if (change.reason == OwnerChangeReason::ownerSet)
         return clearedByOthers(now);
     receiver_.ownerGone();
-    if (isKeeping_)
-        takeOver(change.time);
+    if (!isKeeping_)
+        return;
+    // Earlier we would be asked ourselves for what is still to come.
+    if (receiver_.isIdle())
+        return takeOver(change.time);
+    takeOverTime_ = change.time;
 }
 
 /// Somebody gave the selection up on purpose: there is nothing any more, and nothing is to be brought back.

@@ -88,6 +88,8 @@ private:
     /// Whether the present owner is the one whose value the receiver has, so that it is kept when that owner
     /// goes.
     bool isKeeping_ = false;
+    /// When the owner that is gone had taken the selection, while the last of its value is read.
+    std::optional<ServerTime> takeOverTime_;
     /// The present owner; none where it was there before us.
     WindowID keptOwner_ = noWindow;
     bool isAskingForPresentValue_ = false;

@@ -32,6 +32,7 @@ void SelectionReceiver::receive(ServerTime time, Moment now)
     window_ = wire_.createRequestor();
     time_ = time;
     isDelivered_ = false;
+    ownerIsGone_ = false;
     conversionCount_ = 0;
     begin(Step::targets, atoms_.targets, mostTargets * sizeof(AtomID), now);
 }
@@ -48,7 +49,14 @@ void SelectionReceiver::abandon(Moment now)
 
 void SelectionReceiver::ownerGone()
 {
-    if (isIdle())
+    ownerIsGone_ = true;
+    endWithOwner();
+}
+
+void SelectionReceiver::endWithOwner()
+{
+    // What it has left in our window is ours.
+    if (isIdle() || conversion_->isReadingWhole())
         return;
     conversion_.reset();
     hasUsedIncrements_ = false;
@@ -83,6 +91,8 @@ void SelectionReceiver::propertyArrived(const PropertySlice& slice, Moment now)
 {
     if (conversion_)
         afterProgress(conversion_->propertyArrived(slice, now), now);
+    if (ownerIsGone_)
+        endWithOwner();
 }
 
 void SelectionReceiver::timePassed(Moment now)

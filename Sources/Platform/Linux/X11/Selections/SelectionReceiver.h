@@ -64,7 +64,8 @@ public:
     void receive(ServerTime time, Moment now);
     /// Forgets the transfer and whatever it has brought.
     void abandon(Moment now);
-    /// The owner is gone for good: what has not come will not come.
+    /// The owner is gone for good: what has not come will not come. What stands in our window already is read
+    /// still.
     void ownerGone();
 
     bool isIdle() const { return !conversion_; }
@@ -87,6 +88,7 @@ private:
     };
     enum class Step { targets, secretHint, text, picture, companions };
 
+    void endWithOwner();
     void begin(Step step, AtomID target, std::size_t mostBytes, Moment now);
     void afterProgress(IncomingConversion::Progress progress, Moment now);
     void conversionComplete(Moment now);
@@ -113,6 +115,7 @@ private:
 
     WindowID window_ = noWindow;
     ServerTime time_ = currentTime;
+    bool ownerIsGone_ = false;
     Step step_ = Step::targets;
     std::optional<IncomingConversion> conversion_;
     std::size_t conversionCount_ = 0;
