@@ -51,7 +51,8 @@ Desktop::Desktop(DesktopOptions options)
         environment_["DBUS_SESSION_BUS_ADDRESS"] = "unix:path=" + (directory_.path() / "no-bus").string();
     }
     connection_.emplace(display_->name());
-    windowManager_.emplace(*connection_, directory_, environment_);
+    if (options_.windowManager != WindowManagerChoice::none)
+        windowManager_.emplace(options_.windowManager, *connection_, directory_, environment_);
     if (options_.compositor == CompositorChoice::picom)
         startCompositor();
     keyboard_.emplace(*connection_);

@@ -25,6 +25,7 @@ struct DesktopOptions {
     Extent screen{1280, 1024};
     BusChoice bus = BusChoice::sessionBus;
     CompositorChoice compositor = CompositorChoice::none;
+    WindowManagerChoice windowManager = WindowManagerChoice::openbox;
 };
 
 /// A complete desktop of its own: a virtual X server, a session bus, a window manager, an empty home

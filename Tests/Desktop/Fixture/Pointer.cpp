@@ -16,11 +16,26 @@ void Pointer::moveTo(Place place)
     connection_.waitUntil("the pointer at its new place", [&] { return location() == place; });
 }
 
+void Pointer::press(PointerButton button)
+{
+    fake(XCB_BUTTON_PRESS, button);
+}
+
+void Pointer::release(PointerButton button)
+{
+    fake(XCB_BUTTON_RELEASE, button);
+}
+
 void Pointer::click(PointerButton button)
 {
-    for (const auto type : {XCB_BUTTON_PRESS, XCB_BUTTON_RELEASE})
-        xcb_test_fake_input(connection_.get(), static_cast<std::uint8_t>(type),
-                            static_cast<std::uint8_t>(button), XCB_CURRENT_TIME, XCB_WINDOW_NONE, 0, 0, 0);
+    press(button);
+    release(button);
+}
+
+void Pointer::fake(std::uint8_t eventType, PointerButton button)
+{
+    xcb_test_fake_input(connection_.get(), eventType, static_cast<std::uint8_t>(button), XCB_CURRENT_TIME,
+                        XCB_WINDOW_NONE, 0, 0, 0);
     connection_.synchronize();
 }
 

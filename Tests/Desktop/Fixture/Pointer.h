@@ -23,10 +23,14 @@ public:
 
     /// Moves the pointer and returns when it is there.
     void moveTo(Place place);
+    void press(PointerButton button = PointerButton::left);
+    void release(PointerButton button = PointerButton::left);
     void click(PointerButton button = PointerButton::left);
     Place location() const;
 
 private:
+    void fake(std::uint8_t eventType, PointerButton button);
+
     XConnection& connection_;
 };
 

@@ -6,7 +6,7 @@ namespace {
 
 /// New windows get the focus and a click raises: what people have. No key bindings, so that every key reaches
 /// the programs under test.
-constexpr std::string_view configuration = R"(<?xml version="1.0" encoding="UTF-8"?>
+constexpr std::string_view openboxConfiguration = R"(<?xml version="1.0" encoding="UTF-8"?>
 <openbox_config xmlns="http://openbox.org/3.4/rc">
   <focus><focusNew>yes</focusNew><followMouse>no</followMouse></focus>
   <placement><policy>Smart</policy><center>yes</center></placement>
@@ -23,27 +23,81 @@ constexpr std::string_view configuration = R"(<?xml version="1.0" encoding="UTF-
 </openbox_config>
 )";
 
-std::vector<std::string> managerCommand(const TemporaryDirectory& directory)
+/// A window of every kind takes its place in the tiling unless it says that it floats. No bar.
+constexpr std::string_view i3Configuration = "# i3 config file (v4)\nfont pango:monospace 8\n";
+
+/// Without animations, which only take time here.
+constexpr std::string_view kwinGlobalConfiguration = "[KDE]\nAnimationDurationFactor=0\n";
+constexpr std::string_view kwinConfiguration = "[Desktops]\nNumber=2\n";
+
+std::vector<std::string> managerCommand(WindowManagerChoice choice, const TemporaryDirectory& directory)
 {
-    const auto file = directory.write("openbox.xml", std::string(configuration));
-    return {"openbox", "--sm-disable", "--config-file", file.string()};
+    switch (choice) {
+    case WindowManagerChoice::none:
+        break;
+    case WindowManagerChoice::openbox: {
+        const auto file = directory.write("openbox.xml", std::string(openboxConfiguration));
+        return {"openbox", "--sm-disable", "--config-file", file.string()};
+    }
+    case WindowManagerChoice::xfwm4:
+        // Its settings come over the session bus, where nobody has any: it takes its defaults.
+        return {"xfwm4", "--compositor=on", "--vblank=off"};
+    case WindowManagerChoice::i3: {
+        const auto file = directory.write("i3.config", std::string(i3Configuration));
+        return {"i3", "-c", file.string()};
+    }
+    case WindowManagerChoice::kwin:
+        directory.write("home/.config/kdeglobals", std::string(kwinGlobalConfiguration));
+        directory.write("home/.config/kwinrc", std::string(kwinConfiguration));
+        return {"kwin_x11"};
+    }
+    throw DesktopFailure("there is no window manager to start");
 }
 
-bool isManaged(XConnection& connection)
+bool composites(WindowManagerChoice choice)
+{
+    return choice == WindowManagerChoice::xfwm4 || choice == WindowManagerChoice::kwin;
+}
+
+} // namespace
+
+std::ostream& operator<<(std::ostream& stream, WindowManagerChoice choice)
+{
+    switch (choice) {
+    case WindowManagerChoice::none:
+        return stream << "none";
+    case WindowManagerChoice::openbox:
+        return stream << "openbox";
+    case WindowManagerChoice::xfwm4:
+        return stream << "xfwm4";
+    case WindowManagerChoice::i3:
+        return stream << "i3";
+    case WindowManagerChoice::kwin:
+        return stream << "kwin";
+    }
+    return stream;
+}
+
+WindowManager::WindowManager(WindowManagerChoice choice, XConnection& connection,
+                             const TemporaryDirectory& directory, const Environment& environment)
+    : process_(managerCommand(choice, directory), environment)
+{
+    connection.waitUntil("a window manager", [&] {
+        if (!process_.isRunning())
+            throw DesktopFailure(process_.name() + " ended; it said: " + process_.errorOutput());
+        return isRunning(connection);
+    });
+    if (composites(choice))
+        connection.waitUntil(process_.name() + " to composite the screen",
+                             [&] { return connection.selectionOwner("_NET_WM_CM_S0") != XCB_WINDOW_NONE; });
+}
+
+bool WindowManager::isRunning(XConnection& connection)
 {
     const auto announced = connection.propertyItems(connection.root(), "_NET_SUPPORTING_WM_CHECK");
     if (announced.empty())
         return false;
     return connection.propertyItems(announced.front(), "_NET_SUPPORTING_WM_CHECK") == announced;
-}
-
-} // namespace
-
-WindowManager::WindowManager(XConnection& connection, const TemporaryDirectory& directory,
-                             const Environment& environment)
-    : process_(managerCommand(directory), environment)
-{
-    connection.waitUntil("a window manager", [&] { return isManaged(connection); });
 }
 
 } // namespace tessel::desktop

@@ -1,17 +1,28 @@
 #pragma once
 
+#include <ostream>
+
 #include "ChildProcess.h"
 #include "TemporaryDirectory.h"
 #include "XConnection.h"
 
 namespace tessel::desktop {
 
-/// The window manager openbox with a small configuration of its own and no key bindings.
+enum class WindowManagerChoice { none, openbox, xfwm4, i3, kwin };
+
+/// For the names of tests.
+std::ostream& operator<<(std::ostream& stream, WindowManagerChoice choice);
+
+/// A window manager with a small configuration of its own and no key bindings.
 class WindowManager {
 public:
-    /// Returns when it manages the screen (`_NET_SUPPORTING_WM_CHECK`, EWMH).
-    WindowManager(XConnection& connection, const TemporaryDirectory& directory,
+    /// Starts one, which must not be `none`, and returns when it manages the screen
+    /// (`_NET_SUPPORTING_WM_CHECK`, EWMH) and, where it is one that composites, composites it.
+    WindowManager(WindowManagerChoice choice, XConnection& connection, const TemporaryDirectory& directory,
                   const Environment& environment);
+
+    /// Does any window manager manage the screen?
+    static bool isRunning(XConnection& connection);
 
 private:
     ChildProcess process_;

@@ -2,6 +2,8 @@
 
 #include <algorithm>
 
+#include "WindowManager.h"
+
 namespace tessel::desktop {
 
 namespace {
@@ -10,6 +12,9 @@ namespace {
 constexpr int deepestClient = 3;
 
 constexpr xcb_window_t noWindow = XCB_WINDOW_NONE;
+
+/// What i3 calls the frames that it puts around clients. Other window managers' frames have no class.
+constexpr std::string_view frameClass = "i3-frame";
 
 /// Fields of `_NET_ACTIVE_WINDOW` messages (EWMH): a pager speaks for the user.
 constexpr std::uint32_t sourceIsPager = 2;
@@ -43,7 +48,8 @@ void WindowSearch::collect(xcb_window_t parent, int depth, std::vector<WindowFac
         return;
     const auto* children = xcb_query_tree_children(tree.get());
     for (int index = 0; index < xcb_query_tree_children_length(tree.get()); ++index) {
-        if (auto window = facts(children[index]); window && !window->className.empty())
+        if (auto window = facts(children[index]);
+            window && !window->className.empty() && window->className != frameClass)
             found.push_back(std::move(*window));
         else
             collect(children[index], depth - 1, found);
@@ -136,6 +142,13 @@ bool WindowSearch::hasFocus(xcb_window_t window) const
 
 void WindowSearch::activate(xcb_window_t window) const
 {
+    if (!WindowManager::isRunning(connection_)) {
+        constexpr std::uint32_t above = XCB_STACK_MODE_ABOVE;
+        xcb_configure_window(connection_.get(), window, XCB_CONFIG_WINDOW_STACK_MODE, &above);
+        xcb_set_input_focus(connection_.get(), XCB_INPUT_FOCUS_PARENT, window, XCB_CURRENT_TIME);
+        connection_.waitUntil("the window to have the focus", [&] { return hasFocus(window); });
+        return;
+    }
     xcb_client_message_event_t message{};
     message.response_type = XCB_CLIENT_MESSAGE;
     message.format = 32;

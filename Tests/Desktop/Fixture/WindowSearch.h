@@ -45,7 +45,7 @@ class WindowSearch {
 public:
     explicit WindowSearch(XConnection& connection);
 
-    /// Every window with a `WM_CLASS`, from the bottom of the stack to its top.
+    /// Every client's window with a `WM_CLASS`, from the bottom of the stack to its top.
     std::vector<WindowFacts> all() const;
     std::optional<WindowFacts> find(const WindowCondition& condition) const;
     /// None if the window does not exist any more.
@@ -62,7 +62,8 @@ public:
     xcb_window_t focusWindow() const;
     /// True if `window` or a window inside it has the keyboard focus.
     bool hasFocus(xcb_window_t window) const;
-    /// Makes the window manager activate a window, as a task bar does, and returns when it is active.
+    /// Makes the window manager activate a window, as a task bar does, and returns when it is active. Where
+    /// there is no window manager it gets the focus itself.
     void activate(xcb_window_t window) const;
     /// The names of the atoms in a property such as `_NET_WM_STATE`.
     std::vector<std::string> atomNames(xcb_window_t window, std::string_view property) const;

@@ -27,6 +27,21 @@ protected:
         ASSERT_TRUE(waitUntil([this] { return this->room.toolkitWindows->focusedWindow() == panel.id(); }));
     }
 
+    /// What the server says of the old panel is read after the new one is shown.
+    void replacePanel()
+    {
+        openPanel();
+        panel.hide();
+        EXPECT_FALSE(this->room.application->isActive());
+        TestPanel next;
+        next.prepare(this->room);
+        next.open(this->room);
+        EXPECT_TRUE(waitUntil([&] { return this->room.toolkitWindows->focusedWindow() == next.id(); }));
+        EXPECT_TRUE(this->room.application->isActive());
+        constexpr int activeInactiveActive = 3;
+        EXPECT_EQ(changeCount, activeInactiveActive);
+    }
+
     OtherWindow other;
     TestPanel panel;
     Token changes;
@@ -96,6 +111,16 @@ TEST_F(X11ApplicationBareTests, closingTheLastWindowEndsTheActivity)
     openPanel();
     panel.hide();
     EXPECT_TRUE(waitUntil([this] { return !room.application->isActive(); }));
+}
+
+TEST_F(X11ApplicationManagedTests, thePanelOpenedAtOnceAfterAnotherIsActive)
+{
+    replacePanel();
+}
+
+TEST_F(X11ApplicationBareTests, thePanelOpenedAtOnceAfterAnotherIsActive)
+{
+    replacePanel();
 }
 
 TEST_F(X11ApplicationManagedTests, closingTheOnlyWindowOfTheDesktopEndsTheActivity)

@@ -129,6 +129,43 @@ TEST_F(X11NativeWindowsBareTests, withoutAWindowManagerThePanelGetsTheFocusToo)
     EXPECT_TRUE(room.application->isActive());
 }
 
+TEST_F(X11NativeWindowsBareTests, withoutAWindowManagerAHiddenPanelGivesTheFocusBack)
+{
+    OtherWindow other;
+    other.show();
+    other.takeFocus();
+    ASSERT_TRUE(waitUntil([&] { return other.hasFocus(); }));
+    TestPanel panel;
+    panel.prepare(room);
+    room.userTime->note(*room.connection->currentServerTime());
+    panel.open(room);
+    ASSERT_TRUE(
+        waitUntil([&] { return room.toolkitWindows->focusedWindow() == panel.id() && !other.hasFocus(); }));
+    panel.hide();
+    EXPECT_TRUE(waitUntil([&] { return other.hasFocus(); }));
+}
+
+TEST_F(X11NativeWindowsBareTests, aFocusThatWentElsewhereStaysThereWhenThePanelIsHidden)
+{
+    OtherWindow first;
+    OtherWindow second;
+    first.show();
+    second.show();
+    first.takeFocus();
+    ASSERT_TRUE(waitUntil([&] { return first.hasFocus(); }));
+    TestPanel panel;
+    panel.prepare(room);
+    panel.open(room); // Without a time of the user, which the server would compare.
+    ASSERT_TRUE(waitUntil([&] { return room.toolkitWindows->focusedWindow() == panel.id(); }));
+    second.takeFocus();
+    ASSERT_TRUE(waitUntil([&] { return second.hasFocus(); }));
+    panel.hide();
+    // What the panel's end asked for has come to pass once the server answers again.
+    room.connection->currentServerTime();
+    second.synchronize();
+    EXPECT_TRUE(second.hasFocus());
+}
+
 TEST_F(X11NativeWindowsBareTests, aCompositingManagerIsNoticedAsItComesAndGoes)
 {
     EXPECT_FALSE(room.nativeWindows->blendsTranslucentWindows());

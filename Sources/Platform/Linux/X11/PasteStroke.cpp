@@ -57,7 +57,7 @@ void PasteStroke::findClassOfTarget()
         requestWindowClass(*rooms_.connection, *target_), lifetime_, [this](const auto* reply) {
             if (reply == nullptr)
                 return end(); // The target has been closed.
-            chord_ = pasteChordFor(windowClassFromProperty(bytesOf(reply)));
+            decideOn(pasteChordFor(windowClassFromProperty(bytesOf(reply))));
             play();
         });
 }
@@ -106,7 +106,7 @@ void PasteStroke::ancestryFound(xcb_window_t focus, const WindowAncestry& ancest
 void PasteStroke::findClassOf(WindowAncestry ancestry, xcb_window_t focus)
 {
     if (ancestry.empty()) {
-        chord_ = PasteChord::controlV;
+        decideOn(PasteChord::controlV);
         return focusIsRight(focus);
     }
     const xcb_window_t window = ancestry.front();
@@ -117,10 +117,18 @@ void PasteStroke::findClassOf(WindowAncestry ancestry, xcb_window_t focus)
             const auto bytes = bytesOf(reply);
             if (bytes.empty())
                 return findClassOf(std::move(ancestry), focus);
-            chord_ = pasteChordFor(windowClassFromProperty(bytes));
+            decideOn(pasteChordFor(windowClassFromProperty(bytes)));
             focusIsRight(focus);
         });
     rooms_.connection->flush();
+}
+
+void PasteStroke::decideOn(PasteChord chord)
+{
+    // Another chord may take its value from another selection.
+    if (chord_ != chord)
+        isAvailable_ = isAwaitingAvailability_ = false;
+    chord_ = chord;
 }
 
 void PasteStroke::focusIsRight(xcb_window_t focus)
@@ -151,12 +159,15 @@ void PasteStroke::awaitAvailability()
         return;
     if (*chord_ == PasteChord::shiftInsert && rooms_.offerPrimary)
         rooms_.offerPrimary();
-    const auto goOn = [this, lifetime = std::weak_ptr(lifetime_)] {
-        if (lifetime.expired())
+    const auto goOn = [this, chord = *chord_, lifetime = std::weak_ptr(lifetime_)] {
+        if (lifetime.expired() || chord_ != chord)
             return;
         isAvailable_ = true;
+        if (target_)
+            patience_.start(focusPatience);
         play();
     };
+    patience_.stop(); // It is for the focus.
     if (!rooms_.whenAvailable)
         return goOn();
     rooms_.whenAvailable(goOn);

@@ -45,6 +45,7 @@ private:
     void focusFound(xcb_window_t focus);
     void ancestryFound(xcb_window_t focus, const WindowAncestry& ancestry);
     void findClassOf(WindowAncestry ancestry, xcb_window_t focus);
+    void decideOn(PasteChord chord);
     void focusIsRight(xcb_window_t focus);
     void play();
     void awaitAvailability();

@@ -4,6 +4,7 @@
 
 #include <QtCore/QEvent>
 #include <QtGui/QGuiApplication>
+#include <QtGui/QScreen>
 #include <QtGui/QWindow>
 #include <xcb/xinput.h>
 
@@ -30,6 +31,13 @@ bool canHaveFocus(const QWindow& window)
 xcb_window_t idOf(const QWindow& window)
 {
     return window.handle() == nullptr ? noWindow : static_cast<xcb_window_t>(window.winId());
+}
+
+/// The toolkit counts points from the corner of the screen, which keeps its place in pixels.
+QPoint cornerInPixels(const QWindow& window)
+{
+    const QPointF screen = window.screen()->geometry().topLeft();
+    return (screen + (window.position() - screen) * window.devicePixelRatio()).toPoint();
 }
 
 } // namespace
@@ -67,9 +75,14 @@ Token ToolkitWindows::observeFocus(std::function<void()> didChange)
     return focusObservers_.add(std::move(didChange));
 }
 
-Token ToolkitWindows::observeShowing(std::function<void(xcb_window_t)> willShow)
+Token ToolkitWindows::observeShowing(std::function<void(xcb_window_t, QPoint)> willShow)
 {
     return showingObservers_.add(std::move(willShow));
+}
+
+Token ToolkitWindows::observeHiding(std::function<void(xcb_window_t)> didHide)
+{
+    return hidingObservers_.add(std::move(didHide));
 }
 
 Token ToolkitWindows::observeMapping(std::function<void(xcb_window_t)> didMap)
@@ -99,12 +112,18 @@ void ToolkitWindows::windowWillShow(const QWindow& window)
         std::erase(shown_, id);
         shown_.push_back(id);
     }
-    showingObservers_.tell(id);
+    showingObservers_.tell(id, cornerInPixels(window));
 }
 
 void ToolkitWindows::windowIsHidden(const QWindow& window)
 {
-    std::erase(shown_, idOf(window));
+    const xcb_window_t id = idOf(window);
+    std::erase(shown_, id);
+    // The server says so too, in its time; that must not be taken for a loss of the next window's focus.
+    if (focused_ == id)
+        focused_.reset();
+    focusObservers_.tell();
+    hidingObservers_.tell(id);
 }
 
 bool ToolkitWindows::nativeEventFilter(const QByteArray&, void* message, qintptr*)

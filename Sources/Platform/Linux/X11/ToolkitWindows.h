@@ -6,6 +6,7 @@
 
 #include <QtCore/QAbstractNativeEventFilter>
 #include <QtCore/QObject>
+#include <QtCore/QPoint>
 #include <xcb/xcb.h>
 
 #include "Token.h"
@@ -40,8 +41,11 @@ public:
 
     /// Runs after `focusedWindow` has changed.
     Token observeFocus(std::function<void()> didChange);
-    /// Runs when a window is about to be mapped: what is set now, the window manager reads.
-    Token observeShowing(std::function<void(xcb_window_t)> willShow);
+    /// Runs when a window is about to be mapped, and says where its top left corner will be, in pixels: what
+    /// is set now, the window manager reads.
+    Token observeShowing(std::function<void(xcb_window_t, QPoint)> willShow);
+    /// Runs when the toolkit has asked the server to unmap a window.
+    Token observeHiding(std::function<void(xcb_window_t)> didHide);
     /// Runs when the server has mapped a window.
     Token observeMapping(std::function<void(xcb_window_t)> didMap);
 
@@ -64,7 +68,8 @@ private:
     std::optional<xcb_window_t> focused_;
     std::vector<xcb_window_t> shown_;
     ObserverList<> focusObservers_;
-    ObserverList<xcb_window_t> showingObservers_;
+    ObserverList<xcb_window_t, QPoint> showingObservers_;
+    ObserverList<xcb_window_t> hidingObservers_;
     ObserverList<xcb_window_t> mappingObservers_;
 };
 

@@ -57,7 +57,8 @@ void X11Application::update()
     const bool isActive = hasActiveWindow();
     if (isActive == isActive_)
         return;
-    if (isActive || !connection_->isAlive())
+    // Without a window there is nothing to be confirmed, and a later answer would be about the next window.
+    if (isActive || toolkitWindows_->shownWindows().empty() || !connection_->isAlive())
         return adopt(isActive);
     confirmInactive();
 }

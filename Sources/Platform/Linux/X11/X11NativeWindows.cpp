@@ -12,6 +12,7 @@ namespace tessel {
 namespace {
 
 constexpr std::uint32_t everyDesktop = 0xFFFFFFFF; // EWMH, `_NET_WM_DESKTOP`.
+constexpr std::uint32_t sourceIsApplication = 1;   // EWMH section 9, source indication in requests.
 
 } // namespace
 
@@ -24,7 +25,9 @@ X11NativeWindows::X11NativeWindows(std::shared_ptr<X11Connection> connection,
     , toolkitWindows_(std::move(toolkitWindows))
     , userTime_(std::move(userTime))
 {
-    showing_ = toolkitWindows_->observeShowing([this](xcb_window_t window) { windowWillShow(window); });
+    showing_ = toolkitWindows_->observeShowing(
+        [this](xcb_window_t window, QPoint corner) { windowWillShow(window, corner); });
+    hiding_ = toolkitWindows_->observeHiding([this](xcb_window_t window) { windowDidHide(window); });
     mapping_ = toolkitWindows_->observeMapping([this](xcb_window_t window) { windowDidMap(window); });
     followCompositingManager();
 }
@@ -57,7 +60,7 @@ void X11NativeWindows::preparePanel(NativeWindowHandle window, const PanelTraits
     const auto id = static_cast<xcb_window_t>(window);
     if (!toolkitWindows_->owns(id) || !connection_->isAlive())
         return;
-    panels_[id] = traits;
+    panels_[id] = {traits, std::nullopt};
     applyTraits(id, traits);
     xcb_flush(toolkitWindows_->raw());
 }
@@ -100,13 +103,14 @@ void X11NativeWindows::setUnits(xcb_window_t window, xcb_atom_t property, xcb_at
                         static_cast<std::uint32_t>(units.size()), units.data());
 }
 
-void X11NativeWindows::windowWillShow(xcb_window_t window)
+void X11NativeWindows::windowWillShow(xcb_window_t window, QPoint corner)
 {
     const auto found = panels_.find(window);
     if (found == panels_.end() || !connection_->isAlive())
         return;
     // Window managers remove these when a window is hidden (EWMH, `_NET_WM_STATE` and `_NET_WM_DESKTOP`).
-    applyState(window, found->second);
+    applyState(window, found->second.traits);
+    found->second.corner = corner;
 }
 
 void X11NativeWindows::makeKeyAndOrderFront(NativeWindowHandle window)
@@ -128,12 +132,64 @@ void X11NativeWindows::requestFocus(xcb_window_t window)
         requestActivation(raw, connection_->root(), connection_->atoms(), window, time,
                           toolkitWindows_->focusedWindow().value_or(noWindow));
     else
-        raiseAndFocus(raw, window, time);
+        takeFocus(window, time);
+    xcb_flush(raw);
+}
+
+void X11NativeWindows::takeFocus(xcb_window_t window, xcb_timestamp_t time)
+{
+    if (const xcb_window_t focus = currentFocus(); focus != window)
+        focusBefore_ = {window, focus};
+    raiseAndFocus(toolkitWindows_->raw(), window, time);
+}
+
+xcb_window_t X11NativeWindows::currentFocus()
+{
+    xcb_connection_t* raw = toolkitWindows_->raw();
+    const X11Reply<xcb_get_input_focus_reply_t> reply(
+        xcb_get_input_focus_reply(raw, xcb_get_input_focus(raw), nullptr));
+    return reply ? reply->focus : noWindow;
+}
+
+void X11NativeWindows::windowDidHide(xcb_window_t window)
+{
+    if (!focusBefore_ || focusBefore_->window != window)
+        return;
+    const xcb_window_t focus = std::exchange(focusBefore_, std::nullopt)->focus;
+    if (!connection_->isAlive() || windowManager_->maintainsActiveWindow())
+        return;
+    // The server has given the focus of the hidden window to the root window. Anywhere else somebody else has
+    // put it.
+    if (currentFocus() != connection_->root())
+        return;
+    xcb_connection_t* raw = toolkitWindows_->raw();
+    const auto cookie =
+        xcb_set_input_focus_checked(raw, XCB_INPUT_FOCUS_POINTER_ROOT, focus, userTime_->last());
+    xcb_discard_reply(raw, cookie.sequence); // That window may have gone.
+    xcb_flush(raw);
+}
+
+void X11NativeWindows::settle(xcb_window_t window, Panel& panel)
+{
+    xcb_connection_t* raw = toolkitWindows_->raw();
+    // kwin puts a transient window of a group on the current desktop, whatever its properties say.
+    if (panel.traits.joinsAllSpaces)
+        requestOfWindowManager(raw, connection_->root(), window, connection_->atoms().netWindowDesktop,
+                               {everyDesktop, sourceIsApplication});
+    // i3 leaves room for a title bar before it finds out that there is none.
+    if (const auto corner = std::exchange(panel.corner, std::nullopt)) {
+        const std::array values = {static_cast<std::uint32_t>(corner->x()),
+                                   static_cast<std::uint32_t>(corner->y())};
+        xcb_configure_window(raw, window, XCB_CONFIG_WINDOW_X | XCB_CONFIG_WINDOW_Y, values.data());
+    }
     xcb_flush(raw);
 }
 
 void X11NativeWindows::windowDidMap(xcb_window_t window)
 {
+    const auto panel = panels_.find(window);
+    if (panel != panels_.end() && connection_->isAlive() && windowManager_->maintainsActiveWindow())
+        settle(window, panel->second);
     if (wantsFocus_ != window)
         return;
     wantsFocus_.reset();

@@ -6,6 +6,8 @@
 #include <optional>
 #include <span>
 
+#include <QtCore/QPoint>
+
 #include "NativeWindows.h"
 #include "Token.h"
 #include "X11/ToolkitWindows.h"
@@ -29,11 +31,27 @@ public:
 
 private:
     void followCompositingManager();
-    void windowWillShow(xcb_window_t window);
+    struct Panel {
+        PanelTraits traits;
+        /// Where it is to be once it is mapped, in pixels.
+        std::optional<QPoint> corner;
+    };
+    /// Who had the focus when `window` took it.
+    struct FocusBefore {
+        xcb_window_t window = noWindow;
+        xcb_window_t focus = noWindow;
+    };
+
+    void windowWillShow(xcb_window_t window, QPoint corner);
     void windowDidMap(xcb_window_t window);
+    void windowDidHide(xcb_window_t window);
+    /// Tells the window manager what it may have got wrong while it mapped a panel.
+    void settle(xcb_window_t window, Panel& panel);
     void applyTraits(xcb_window_t window, const PanelTraits& traits);
     void applyState(xcb_window_t window, const PanelTraits& traits);
     void requestFocus(xcb_window_t window);
+    void takeFocus(xcb_window_t window, xcb_timestamp_t time);
+    xcb_window_t currentFocus();
     void setUnits(xcb_window_t window, xcb_atom_t property, xcb_atom_t type,
                   std::span<const std::uint32_t> units);
 
@@ -41,12 +59,15 @@ private:
     std::shared_ptr<WindowManager> windowManager_;
     std::shared_ptr<ToolkitWindows> toolkitWindows_;
     std::shared_ptr<UserTime> userTime_;
-    std::map<xcb_window_t, PanelTraits> panels_;
+    std::map<xcb_window_t, Panel> panels_;
     /// The window that is to have the focus and is not on screen yet.
     std::optional<xcb_window_t> wantsFocus_;
+    /// Only where no window manager gives the focus back.
+    std::optional<FocusBefore> focusBefore_;
     xcb_window_t compositingManager_ = noWindow;
     Token showing_;
     Token mapping_;
+    Token hiding_;
     Token events_;
     std::shared_ptr<void> lifetime_ = std::make_shared<char>();
 };

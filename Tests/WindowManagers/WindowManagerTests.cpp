@@ -1,0 +1,303 @@
+// The whole walk under the window managers that people have, and without one.
+
+#include <algorithm>
+#include <array>
+
+#include "ProgramTest.h"
+
+namespace tessel::desktop {
+
+namespace {
+
+using testing::Contains;
+using testing::Each;
+using testing::IsSupersetOf;
+
+/// The value of `_NET_WM_DESKTOP` (EWMH) that means all of them.
+const std::vector<std::uint32_t> everyDesktop{0xFFFFFFFF};
+
+/// A place that is inside `outer` and, by some distance, outside `cover`.
+Place uncoveredPlace(const Frame& outer, const Frame& cover)
+{
+    constexpr int distance = 10;
+    const std::array<Place, 4> corners{
+        Place{outer.x + distance, outer.y + distance},
+        Place{outer.x + outer.width - distance, outer.y + distance},
+        Place{outer.x + distance, outer.y + outer.height - distance},
+        Place{outer.x + outer.width - distance, outer.y + outer.height - distance}};
+    const auto isCovered = [&](Place place) {
+        return place.x >= cover.x - distance && place.x < cover.x + cover.width + distance &&
+               place.y >= cover.y - distance && place.y < cover.y + cover.height + distance;
+    };
+    const auto found = std::find_if_not(corners.begin(), corners.end(), isCovered);
+    if (found == corners.end())
+        throw DesktopFailure("the window " + outer.description() + " is covered by " + cover.description());
+    return *found;
+}
+
+class WindowManagerTest : public ProgramTest, public testing::WithParamInterface<WindowManagerChoice> {
+protected:
+    WindowManagerTest()
+        : ProgramTest({.windowManager = GetParam()})
+    {}
+
+    static bool hasWindowManager() { return GetParam() != WindowManagerChoice::none; }
+
+    void waitForFocus(TextClient& client)
+    {
+        // A client learns a little later than the server that it has lost the focus.
+        desktop_.connection().waitUntil("the editor to have the focus again", [&] {
+            return desktop_.windows().hasFocus(client.window()) && client.hasFocus();
+        });
+    }
+
+    /// Is `upper` stacked above `lower`?
+    bool isAbove(xcb_window_t upper, xcb_window_t lower)
+    {
+        const auto windows = desktop_.windows().all();
+        const auto indexOf = [&](xcb_window_t window) {
+            return std::find_if(windows.begin(), windows.end(),
+                                [window](const WindowFacts& facts) { return facts.window == window; });
+        };
+        return indexOf(upper) > indexOf(lower);
+    }
+
+    /// Clicks into a client's window, beside the panel.
+    void clickInto(TextClient& client)
+    {
+        const auto outer = desktop_.windows().facts(client.window()).value().frame;
+        desktop_.pointer().moveTo(uncoveredPlace(outer, program_->panel().find().value().frame));
+        desktop_.pointer().click();
+    }
+};
+
+TEST_P(WindowManagerTest, ThePanelOpensBesideThePointerAboveTheEditorWithTheFocus)
+{
+    TextClient editor(desktop_, TextClientKind::gtk);
+    copyTexts({"A", "B", "C"});
+    const auto middle = desktop_.windows().facts(editor.window()).value().frame;
+    const auto screen = desktop_.screen();
+    // Not at the very edge, from which kwin pushes the pointer back.
+    const std::vector<Place> places = {{middle.x + middle.width / 4, middle.y + middle.height / 4},
+                                       {300, 200},
+                                       {screen.width - 3, screen.height - 3},
+                                       {2, 2}};
+    for (const auto place : places) {
+        desktop_.pointer().moveTo(place);
+        editor.activate();
+        const auto panel = program_->openPanel();
+        const auto expected = Panel::frameBeside(place, 3, screen);
+        program_->panel().waitForFrame(expected);
+        // And there it stays.
+        desktop_.pixels().readQuietScreen();
+        const auto settled = program_->panel().find();
+        ASSERT_TRUE(settled);
+        EXPECT_EQ(settled->frame, expected)
+            << settled->frame.description() << " beside " << place.x << "," << place.y;
+        EXPECT_TRUE(isAbove(panel.window, editor.window()));
+        EXPECT_TRUE(desktop_.windows().hasFocus(panel.window));
+        EXPECT_FALSE(editor.hasFocus());
+        program_->closePanel();
+        waitForFocus(editor);
+    }
+}
+
+TEST_P(WindowManagerTest, ItLeavesTheOtherWindowsWhereTheyAre)
+{
+    TextClient first(desktop_, TextClientKind::gtk);
+    TextClient second(desktop_, TextClientKind::qt);
+    const auto framesNow = [&] {
+        return std::array{desktop_.windows().facts(first.window()).value().frame,
+                          desktop_.windows().facts(second.window()).value().frame};
+    };
+    desktop_.pixels().readQuietScreen();
+    const auto before = framesNow();
+    program_->openPanel();
+    desktop_.pixels().readQuietScreen();
+    EXPECT_EQ(framesNow(), before);
+    program_->closePanel();
+    EXPECT_EQ(framesNow(), before);
+}
+
+TEST_P(WindowManagerTest, ItSaysWhatItIs)
+{
+    // The second opening of one window, too.
+    TextClient editor(desktop_, TextClientKind::gtk);
+    program_->openPanel();
+    editor.activate();
+    program_->panel().waitUntilClosed();
+
+    const auto panel = program_->openPanel();
+    const auto& windows = desktop_.windows();
+    EXPECT_EQ(panel.instanceName, "tessel-clipboard");
+    EXPECT_EQ(panel.processIdentifier, program_->process().pid());
+    EXPECT_THAT(windows.atomNames(panel.window, "_NET_WM_WINDOW_TYPE"),
+                Contains("_NET_WM_WINDOW_TYPE_UTILITY"));
+    EXPECT_THAT(
+        windows.atomNames(panel.window, "_NET_WM_STATE"),
+        IsSupersetOf({"_NET_WM_STATE_ABOVE", "_NET_WM_STATE_SKIP_TASKBAR", "_NET_WM_STATE_SKIP_PAGER"}));
+    desktop_.connection().waitUntil("the panel to be on every desktop", [&] {
+        return desktop_.connection().propertyItems(panel.window, "_NET_WM_DESKTOP") == everyDesktop;
+    });
+    EXPECT_THAT(desktop_.connection().propertyItems(panel.window, "_NET_FRAME_EXTENTS"), Each(0U));
+    program_->closePanel();
+}
+
+TEST_P(WindowManagerTest, TheSecondEntryIsPastedOnceIntoTheTextViewThatWasInFront)
+{
+    TextClient other(desktop_, TextClientKind::qt);
+    TextClient target(desktop_, TextClientKind::gtk);
+    copyTexts({"A", "B", "C"});
+    target.activate();
+    choose(1);
+    expectPastedOnce(target, "B");
+    EXPECT_EQ(other.text(), "");
+}
+
+TEST_P(WindowManagerTest, EscapeAndTheHotKeyCloseItAndTheFocusReturns)
+{
+    TextClient other(desktop_, TextClientKind::gtk);
+    TextClient editor(desktop_, TextClientKind::qt);
+    program_->openPanel();
+    program_->closePanel();
+    waitForFocus(editor);
+    program_->openPanel();
+    program_->pressHotKey();
+    program_->panel().waitUntilClosed();
+    waitForFocus(editor);
+    desktop_.keyboard().type("typed");
+    editor.waitForText("typed");
+    EXPECT_EQ(other.text(), "");
+}
+
+TEST_P(WindowManagerTest, TwoQuickPressesOpenAndClose)
+{
+    TextClient editor(desktop_, TextClientKind::gtk);
+    program_->pressHotKey();
+    program_->pressHotKey();
+    letTheProgramTick();
+    EXPECT_FALSE(program_->panel().isOpen());
+    waitForFocus(editor);
+    program_->openPanel();
+    program_->closePanel();
+}
+
+TEST_P(WindowManagerTest, AClickIntoAnotherWindowHidesItAndTheHotKeyShowsItAgain)
+{
+    TextClient editor(desktop_, TextClientKind::gtk);
+    copyTexts({"A", "B"});
+    editor.activate();
+    program_->openPanel();
+    clickInto(editor);
+    // Without a window manager it is up to the clicked program to take the focus, and this one does not.
+    if (!hasWindowManager())
+        editor.activate();
+    program_->panel().waitUntilClosed();
+    waitForFocus(editor);
+    choose(1);
+    expectPastedOnce(editor, "A");
+}
+
+TEST_P(WindowManagerTest, ACaptureWhileItIsOpenFitsItInPlace)
+{
+    TextClient editor(desktop_, TextClientKind::gtk);
+    program_->openPanel();
+    copies_.emplace(desktop_, *program_);
+    for (const auto* text : {"A", "B", "C", "D"})
+        copies_->copyText(text);
+    const auto panel = program_->panel().find();
+    ASSERT_TRUE(panel);
+    EXPECT_TRUE(desktop_.windows().hasFocus(panel->window));
+    EXPECT_TRUE(isAbove(panel->window, editor.window()));
+    program_->closePanel();
+    waitForFocus(editor);
+}
+
+TEST_P(WindowManagerTest, ItOpensWorksAndClosesWithNoOtherWindow)
+{
+    copyTexts({"A", "B"});
+    choose(1);
+    letTheProgramTick();
+    EXPECT_EQ(ClipboardReader(desktop_.displayName()).readText(), "A");
+    EXPECT_FALSE(program_->panel().isOpen());
+    TextClient editor(desktop_, TextClientKind::gtk);
+    EXPECT_EQ(editor.text(), "");
+    choose(0);
+    expectPastedOnce(editor, "B");
+}
+
+TEST_P(WindowManagerTest, ADragOfItsBackgroundMovesIt)
+{
+    TextClient editor(desktop_, TextClientKind::gtk);
+    const auto before = program_->openPanel();
+    // Between the title and the buttons.
+    constexpr Place grip{220, 14};
+    constexpr int way = 120;
+    constexpr int step = 4;
+    auto& pointer = desktop_.pointer();
+    pointer.moveTo({before.frame.x + grip.x, before.frame.y + grip.y});
+    pointer.press();
+    desktop_.connection().waitUntil("the panel to follow the pointer", [&] {
+        const auto panel = program_->panel().find();
+        if (panel && panel->frame.x >= before.frame.x + way)
+            return true;
+        const auto place = pointer.location();
+        pointer.moveTo({place.x + step, place.y + step});
+        return false;
+    });
+    pointer.release();
+    const auto panel = program_->panel().waitUntilOpen();
+    EXPECT_EQ(panel.window, before.window);
+    EXPECT_EQ(panel.frame.width, before.frame.width);
+    EXPECT_EQ(panel.frame.height, before.frame.height);
+    program_->closePanel();
+    waitForFocus(editor);
+}
+
+class StartTest : public WindowManagerTest {
+protected:
+    void SetUp() override {}
+
+    /// Starts the program, presses the hot key as soon as the program has it, and expects an open panel.
+    void expectFirstHotKeyOpens()
+    {
+        ChildProcess process({Program::executable().string()}, desktop_.environment());
+        Panel panel(desktop_, process.pid());
+        constexpr auto superAndShift = std::uint16_t{XCB_MOD_MASK_4 | XCB_MOD_MASK_SHIFT};
+        desktop_.connection().waitUntil("the program to have its hot key", [&] {
+            return desktop_.keyboard().isGrabbed(XKB_KEY_v, superAndShift);
+        });
+        desktop_.keyboard().chord({XKB_KEY_Super_L, XKB_KEY_Shift_L}, XKB_KEY_v);
+        panel.waitUntilOpen();
+        letTheProgramTick();
+        EXPECT_TRUE(panel.isOpen());
+        desktop_.keyboard().tap(XKB_KEY_Escape);
+        panel.waitUntilClosed();
+        EXPECT_TRUE(Program::runOption(desktop_, "--quit").status.succeeded());
+        EXPECT_TRUE(process.waitForExit().succeeded());
+    }
+};
+
+TEST_P(StartTest, TheFirstHotKeyOpensThePanelOverAnEditor)
+{
+    TextClient editor(desktop_, TextClientKind::gtk);
+    expectFirstHotKeyOpens();
+    waitForFocus(editor);
+}
+
+TEST_P(StartTest, TheFirstHotKeyOpensThePanelOnAnEmptyDesktop)
+{
+    expectFirstHotKeyOpens();
+}
+
+const auto everyChoice =
+    testing::Values(WindowManagerChoice::openbox, WindowManagerChoice::xfwm4, WindowManagerChoice::i3,
+                    WindowManagerChoice::kwin, WindowManagerChoice::none);
+
+INSTANTIATE_TEST_SUITE_P(Under, StartTest, everyChoice, testing::PrintToStringParamName());
+
+INSTANTIATE_TEST_SUITE_P(Under, WindowManagerTest, everyChoice, testing::PrintToStringParamName());
+
+} // namespace
+
+} // namespace tessel::desktop
