@@ -207,6 +207,25 @@ TEST_F(Ownership, ASilentOwnerFromBeforeIsNeverReported)
     EXPECT_TRUE(reports.empty());
 }
 
+TEST_F(Ownership, ACompanionThatIsTooLargeDoesNotCostTheOthers)
+{
+    const auto companions = atoms().companionTargets();
+    ASSERT_GE(companions.size(), 2U);
+    const auto companion = [](AtomID target, std::string bytes) {
+        FakeTarget companion;
+        companion.value = {target, 8, std::move(bytes)};
+        return std::pair(target, companion);
+    };
+    display.takeClipboard(ownerOf(
+        atoms(), {{atoms().utf8String, utf8Target(atoms(), "word")},
+                  companion(companions[0], std::string(SelectionReceiver::mostCompanionBytes + 1, 'x')),
+                  companion(companions[1], "kept")}));
+    display.deliverAll();
+    display.killOwner();
+    display.deliverAll();
+    EXPECT_EQ(paste(atoms().clipboard, companions[1])->bytes, "kept");
+}
+
 TEST_F(Ownership, WhoTakesTheSelectionAfterADeathKeepsIt)
 {
     copy("word");

@@ -188,6 +188,15 @@ TEST_F(Receiving, AValueThatIsNeitherIsConsumed)
     EXPECT_TRUE(reports[0].received.value.isEmpty());
 }
 
+TEST_F(Receiving, NothingIsTakenWhereASecretsMarkMayStandBeyondWhatIsLookedAt)
+{
+    FakeOwner owner = ownerOf(atoms(), {{atoms().utf8String, utf8Target(atoms(), "word")}});
+    owner.targets[atoms().targets].value.bytes +=
+        std::string(SelectionReceiver::mostTargets * sizeof(AtomID), '\7');
+    copy(std::move(owner));
+    expectOneUnreadable();
+}
+
 TEST_F(Receiving, ASecretIsConsumedAndNotKeptWhereverItsMarkStands)
 {
     for (const bool standsFirst : {true, false}) {

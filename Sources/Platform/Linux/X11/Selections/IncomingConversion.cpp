@@ -182,7 +182,7 @@ IncomingConversion::Progress IncomingConversion::append(const PropertySlice& sli
     receivedBytes_ += slice.bytes.size();
     // Whoever sends increments goes on with them; a property that is too large just stays where it is.
     if (receivedBytes_ > mostBytes_ || slice.bytesAfter > mostBytes_ - receivedBytes_)
-        return finish(comesInIncrements_ ? Progress::failed : Progress::refused);
+        return finish(comesInIncrements_ ? Progress::failed : Progress::tooLarge);
     const std::string_view piece(reinterpret_cast<const char*>(slice.bytes.data()), slice.bytes.size());
     if (decoder_)
         decoder_->append(piece);

@@ -29,6 +29,7 @@ public:
         complete, ///< `takeBytes` or `takeText`, `type` and `format` have the value.
         refused,  ///< The owner does not give this target, or what it gave is unusable. Another target may
                   ///< work.
+        tooLarge, ///< The value is more than is taken, and stays where it is.
         failed,   ///< The owner is silent, or floods us. Expect nothing more of it.
     };
 

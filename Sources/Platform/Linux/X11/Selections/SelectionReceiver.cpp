@@ -138,6 +138,8 @@ void SelectionReceiver::afterProgress(IncomingConversion::Progress progress, Mom
         return conversionComplete(now);
     case IncomingConversion::Progress::refused:
         return conversionRefused(now);
+    case IncomingConversion::Progress::tooLarge:
+        return step_ == Step::companions ? nextCompanion(now) : giveUp(now);
     case IncomingConversion::Progress::failed:
         return giveUp(now);
     }
