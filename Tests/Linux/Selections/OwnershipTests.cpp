@@ -212,9 +212,9 @@ TEST_F(Ownership, ACompanionThatIsTooLargeDoesNotCostTheOthers)
     const auto companions = atoms().companionTargets();
     ASSERT_GE(companions.size(), 2U);
     const auto companion = [](AtomID target, std::string bytes) {
-        FakeTarget companion;
-        companion.value = {target, 8, std::move(bytes)};
-        return std::pair(target, companion);
+        FakeTarget offered;
+        offered.value = {target, 8, std::move(bytes)};
+        return std::pair(target, offered);
     };
     display.takeClipboard(ownerOf(
         atoms(), {{atoms().utf8String, utf8Target(atoms(), "word")},
