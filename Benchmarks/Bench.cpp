@@ -21,6 +21,7 @@
 #include "ProcessFigures.h"
 #include "Program.h"
 #include "Report.h"
+#include "SelectionWatch.h"
 
 namespace tessel::bench {
 
@@ -351,9 +352,11 @@ private:
         });
         const double peak = memory.finish();
 
+        desktop::SelectionWatch clipboard(desktop_.displayName());
         program.openPanel();
         desktop_.keyboard().tap(XKB_KEY_Return);
         program.panel().waitUntilClosed();
+        clipboard.waitForMoreThan(0);
         const auto kept = desktop::ClipboardReader(desktop_.displayName()).readText(desktop::Deadline(60s));
         if (kept != text)
             throw DesktopFailure("100 MB of text did not come back whole");
@@ -422,11 +425,13 @@ private:
         constexpr int texts = 100 + 2 * 10;
         const int dropped = texts + pictureCount_ - 100;
         const auto expected = "value " + std::to_string(dropped + 1) + " of a history";
+        desktop::SelectionWatch clipboard(desktop_.displayName());
         program_->openPanel();
         for (int press = 0; press < 110; ++press)
             desktop_.keyboard().tap(XKB_KEY_Down);
         desktop_.keyboard().tap(XKB_KEY_Return);
         program_->panel().waitUntilClosed();
+        clipboard.waitForMoreThan(0);
         const auto pasted = desktop::ClipboardReader(desktop_.displayName()).readText().value_or("nothing");
         if (pasted != expected)
             throw DesktopFailure(

@@ -12,6 +12,7 @@
 #include "CountedCopies.h"
 #include "Desktop.h"
 #include "Program.h"
+#include "SelectionWatch.h"
 #include "TextClient.h"
 
 namespace tessel::desktop {
@@ -95,14 +96,17 @@ protected:
         program_->closePanel();
     }
 
-    /// Opens the panel over an editor that has the focus, moves down and confirms.
+    /// Opens the panel over an editor that has the focus, moves down and confirms. Returns when the panel is
+    /// closed and the clipboard has another owner.
     void choose(int downPresses, std::chrono::milliseconds holdReturn = {})
     {
+        SelectionWatch clipboard(desktop_.displayName());
         program_->openPanel();
         for (int press = 0; press < downPresses; ++press)
             desktop_.keyboard().tap(XKB_KEY_Down);
         desktop_.keyboard().tap(XKB_KEY_Return, holdReturn);
         program_->panel().waitUntilClosed();
+        clipboard.waitForMoreThan(0);
     }
 
     /// `text` is what one paste brought into an empty editor. What is typed afterwards comes behind every
