@@ -40,7 +40,6 @@ public:
                        Content content, std::size_t mostBytes, Moment now);
 
     AtomID target() const { return conversion_.target; }
-    Progress progress() const { return progress_; }
     /// Whether the owner sends, or has sent, the value in increments.
     bool comesInIncrements() const { return comesInIncrements_; }
     /// Whether the owner has done its part: the value is in our window, and being read.

@@ -62,7 +62,7 @@ public:
         else
             copyOverWhite(pixels, destination);
         if (form_.hasAlpha && shape_.bytesPerSample == 2)
-            putInMachineOrder({destination, pixels.size()});
+            exchangeByteOrder({destination, pixels.size()});
         return true;
     }
 
@@ -82,14 +82,6 @@ private:
             };
             const QRgb colour = qRgb(overWhite(0), overWhite(1), overWhite(2));
             std::memcpy(destination + column * sizeof colour, &colour, sizeof colour);
-        }
-    }
-
-    static void putInMachineOrder(std::span<std::byte> samples)
-    {
-        if constexpr (std::endian::native == std::endian::little) {
-            for (std::size_t index = 0; index + 1 < samples.size(); index += 2)
-                std::swap(samples[index], samples[index + 1]);
         }
     }
 

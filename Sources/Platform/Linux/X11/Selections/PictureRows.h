@@ -1,9 +1,11 @@
 #pragma once
 
+#include <bit>
 #include <cstddef>
 #include <cstdint>
 #include <functional>
 #include <span>
+#include <utility>
 
 namespace tessel {
 
@@ -20,6 +22,16 @@ struct PictureShape {
     std::size_t bytesPerRow() const { return width * bytesPerPixel(); }
     std::size_t bytes() const { return bytesPerRow() * height; }
 };
+
+/// Between the byte order of rows and that of the toolkit's 16-bit samples, which is the machine's; either
+/// way.
+inline void exchangeByteOrder(std::span<std::byte> samples)
+{
+    if constexpr (std::endian::native == std::endian::little) {
+        for (std::size_t index = 0; index + 1 < samples.size(); index += 2)
+            std::swap(samples[index], samples[index + 1]);
+    }
+}
 
 /// Takes the rows of a picture from the top.
 class PictureRowSink {

@@ -62,7 +62,6 @@ public:
 
     /// Whether somebody still waits for that conversion.
     bool isWanted(const SharedOffer& offer, AtomID target) const;
-    std::size_t transferCount() const { return transfers_.size(); }
 
 private:
     struct Pair {

@@ -233,15 +233,6 @@ QImage readWhole(std::string_view encoded, Kind kind, const Breath& breath)
     return seen.width == shape->width && seen.height == shape->height ? image : QImage();
 }
 
-/// The toolkit's 16-bit samples are in the machine's byte order.
-void putMoreSignificantByteFirst(std::span<std::byte> samples)
-{
-    if constexpr (std::endian::native == std::endian::little) {
-        for (std::size_t index = 0; index + 1 < samples.size(); index += 2)
-            std::swap(samples[index], samples[index + 1]);
-    }
-}
-
 /// The colours of a row as they were before they were multiplied with its alpha: each the nearest of those
 /// that can have been there. The toolkit's own division is only close, and not the same on every processor.
 template <class Sample>
@@ -291,7 +282,7 @@ bool feedRows(const QImage& image, PictureRowSink& sink, const Breath& breath)
             else if (isPremultiplied)
                 divideByAlpha<std::uint8_t>(row);
             if (isDeep)
-                putMoreSignificantByteFirst(row);
+                exchangeByteOrder(row);
             if (!sink.row(row))
                 return false;
         }
