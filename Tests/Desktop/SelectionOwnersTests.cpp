@@ -293,19 +293,6 @@ TEST_F(SelectionOwnersTest, ARushAndACrowdEndWithTheTwoHundredth)
     EXPECT_EQ(paste({"--selection", "PRIMARY"}), "of a crowd 200");
 }
 
-TEST_F(SelectionOwnersTest, TheTextsOfARushAndOfACrowdDiffer)
-{
-    for (const auto* manner : {"rush", "crowd"}) {
-        own({manner});
-        std::set<std::string> texts;
-        waitUntil("two texts", [&] {
-            texts.insert(paste().value_or(""));
-            texts.erase("");
-            return texts.size() == 2;
-        });
-    }
-}
-
 TEST_F(SelectionOwnersTest, AFlappingOwnerTakesTheSelectionAgainAndAgain)
 {
     own({"flapping"});
