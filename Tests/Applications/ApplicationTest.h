@@ -30,7 +30,7 @@ protected:
         ClipboardReader reader(desktop_.displayName());
         Values values;
         for (const auto& target : targets)
-            values[target] = reader.read(target, Deadline(60s));
+            values[target] = reader.read(target);
         return values;
     }
 

@@ -12,7 +12,7 @@ protected:
     void expectGood(std::vector<std::string> arguments)
     {
         arguments.insert(arguments.begin(), TESSEL_SELECTION_OWNERS);
-        const auto result = runCommand(arguments, desktop_.environment(), Deadline(60s));
+        const auto result = runCommand(arguments, desktop_.environment());
         EXPECT_TRUE(result.status.succeeded()) << result.output << result.errorOutput;
     }
 };

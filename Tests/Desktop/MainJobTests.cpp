@@ -118,7 +118,7 @@ TEST_F(PasteTest, AnEntryOfALargeTextArrivesWhole)
     copyTexts({text, "small"});
     TextClient target(desktop_, TextClientKind::gtk);
     choose(1);
-    target.waitForText(text, Deadline(60s));
+    target.waitForText(text);
 }
 
 } // namespace

@@ -268,10 +268,10 @@ TEST_F(PanelPointer, WheelScrollsSmoothlyAndStopsAtTheEnd)
     EXPECT_GT(position.offset(), 0); // The first step is at once.
     const double notch = 20.0 * QApplication::wheelScrollLines();
     EXPECT_LT(position.offset(), notch);
-    EXPECT_TRUE(QTest::qWaitFor([&] { return position.offset() == notch; }));
+    EXPECT_TRUE(waitUntil([&] { return position.offset() == notch; }));
     for (int turn = 0; turn < 60; ++turn)
         turnWheel(desktop.list(), -120);
-    EXPECT_TRUE(QTest::qWaitFor([&] { return position.offset() == position.maximum(); }));
+    EXPECT_TRUE(waitUntil([&] { return position.offset() == position.maximum(); }));
 }
 
 TEST_F(PanelPointer, TouchpadScrollsAtOnce)
@@ -295,7 +295,7 @@ TEST_F(PanelPointer, HoverFollowsTheRowsThatScrollUnderThePointer)
     const double rowDistance = second.top() - first.top();
     const double anglePerPoint = 120 / (20.0 * QApplication::wheelScrollLines());
     turnWheel(desktop.list(), -static_cast<int>(rowDistance * anglePerPoint) - 1);
-    EXPECT_TRUE(QTest::qWaitFor([&] { return hovered() == desktop.item("entry 28").id; }));
+    EXPECT_TRUE(waitUntil([&] { return hovered() == desktop.item("entry 28").id; }));
 }
 
 TEST_F(PanelPointer, IndicatorIsDraggedFromEndToEnd)

@@ -22,7 +22,7 @@ namespace tessel::desktop {
 namespace {
 
 /// How long a process may take to end after it was asked to, before it is killed.
-constexpr std::chrono::milliseconds politePatience{3'000};
+constexpr std::chrono::milliseconds politePatience{15'000};
 
 struct Pipe {
     FileDescriptor readEnd;

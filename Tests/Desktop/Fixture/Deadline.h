@@ -8,8 +8,9 @@ namespace tessel::desktop {
 /// The moment until which a wait may last. Every wait in this fixture has one.
 class Deadline {
 public:
-    /// The usual patience: far beyond what anything takes here, even on a loaded machine under sanitizers.
-    static constexpr std::chrono::milliseconds usualPatience{15'000};
+    /// The usual patience: far beyond what anything takes here, even on a slow and loaded machine under
+    /// sanitizers. Only what has gone wrong takes that long.
+    static constexpr std::chrono::milliseconds usualPatience{60'000};
 
     explicit Deadline(std::chrono::milliseconds patience = usualPatience)
         : moment_(std::chrono::steady_clock::now() + patience)

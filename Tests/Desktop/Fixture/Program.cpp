@@ -18,9 +18,6 @@ std::vector<std::string> commandLine(const std::vector<std::string>& arguments)
     return command;
 }
 
-/// Under a sanitizer, and on a machine that is busy with other tests, a start takes its time.
-constexpr std::chrono::milliseconds startPatience{30'000};
-
 } // namespace
 
 BusAddress Program::busAddress()
@@ -56,8 +53,7 @@ Program::Program(Desktop& desktop, const std::vector<std::string>& arguments)
     , process_(commandLine(arguments), desktop.environment())
     , panel_(desktop, process_.pid())
 {
-    desktop_.connection().waitUntil(
-        "Tessel Clipboard to be ready", [this] { return isReady(); }, Deadline(startPatience));
+    desktop_.connection().waitUntil("Tessel Clipboard to be ready", [this] { return isReady(); });
 }
 
 Program::~Program() = default;

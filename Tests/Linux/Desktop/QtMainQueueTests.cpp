@@ -13,13 +13,13 @@ namespace {
 
 class QtMainQueueTest : public testing::Test {
 protected:
-    /// Runs the event loop until the condition holds, for ten seconds at most.
+    /// Runs the event loop until the condition holds, for a minute at most.
     template <class Condition>
     bool runUntil(Condition condition)
     {
         QElapsedTimer elapsed;
         elapsed.start();
-        while (!condition() && elapsed.elapsed() < 10'000)
+        while (!condition() && elapsed.elapsed() < 60'000)
             QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents, 100);
         return condition();
     }

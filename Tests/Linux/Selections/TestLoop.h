@@ -12,7 +12,7 @@ namespace tessel {
 class TestLoop {
 public:
     /// A condition that takes longer than this will not come true.
-    static constexpr std::chrono::seconds patience{30};
+    static constexpr std::chrono::seconds patience{60};
 
     void post(std::function<void()> work)
     {

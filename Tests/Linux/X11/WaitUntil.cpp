@@ -10,7 +10,7 @@ namespace tessel {
 
 bool waitUntil(const std::function<bool()>& condition)
 {
-    constexpr std::chrono::seconds patience{10};
+    constexpr std::chrono::seconds patience{60};
     const QDeadlineTimer deadline(patience);
     // Nothing may come any more; the loop has to look at the deadline all the same.
     QTimer wakeUp;

@@ -14,6 +14,18 @@
 
 namespace tessel::test {
 
+namespace {
+
+/// In milliseconds; far more than anything takes here.
+constexpr int patience = 60'000;
+
+} // namespace
+
+bool waitUntil(const std::function<bool()>& condition)
+{
+    return QTest::qWaitFor(condition, patience);
+}
+
 void runMainLoop()
 {
     QCoreApplication::processEvents();
@@ -38,7 +50,7 @@ void PanelDesktop::relaunch()
 void PanelDesktop::openPanel()
 {
     state->showPanel();
-    if (!QTest::qWaitForWindowExposed(&window()))
+    if (!QTest::qWaitForWindowExposed(&window(), patience))
         throw std::runtime_error("The panel's window does not appear.");
     runMainLoop();
 }

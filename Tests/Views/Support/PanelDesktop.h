@@ -1,5 +1,6 @@
 #pragma once
 
+#include <functional>
 #include <string>
 #include <vector>
 
@@ -59,5 +60,8 @@ public:
 
 /// Runs what the main loop has to do now.
 void runMainLoop();
+
+/// Runs the main loop until `condition` holds. False: it did not within a minute.
+bool waitUntil(const std::function<bool()>& condition);
 
 } // namespace tessel::test
