@@ -1,6 +1,5 @@
 #include "X11/HeldReturn.h"
 
-#include <chrono>
 #include <utility>
 
 #include "X11/KeyboardDevices.h"
@@ -8,16 +7,11 @@
 
 namespace tessel {
 
-namespace {
-
-/// Longer than anybody holds a key on purpose; the whole keyboard is ours meanwhile.
-constexpr std::chrono::milliseconds longestHold{2000};
-
-} // namespace
-
-HeldReturn::HeldReturn(std::shared_ptr<X11Connection> connection, std::shared_ptr<X11Keyboard> keyboard)
+HeldReturn::HeldReturn(std::shared_ptr<X11Connection> connection, std::shared_ptr<X11Keyboard> keyboard,
+                       std::chrono::milliseconds longestHold)
     : connection_(std::move(connection))
     , keyboard_(std::move(keyboard))
+    , longestHold_(longestHold)
 {
     patience_.setSingleShot(true);
     patience_.setTimerType(Qt::PreciseTimer);
@@ -55,7 +49,7 @@ void HeldReturn::grab()
 {
     constexpr std::uint8_t eventsGoToOwner = 0;
     events_ = connection_->observeEvents([this](const xcb_generic_event_t& event) { follow(event); });
-    patience_.start(longestHold);
+    patience_.start(longestHold_);
     const auto cookie = xcb_grab_keyboard(connection_->raw(), eventsGoToOwner, connection_->root(),
                                           XCB_CURRENT_TIME, XCB_GRAB_MODE_ASYNC, XCB_GRAB_MODE_ASYNC);
     connection_->whenReplied<xcb_grab_keyboard_reply_t>(cookie, lifetime_, [this](const auto* reply) {

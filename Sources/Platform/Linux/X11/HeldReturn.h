@@ -1,5 +1,6 @@
 #pragma once
 
+#include <chrono>
 #include <functional>
 #include <memory>
 
@@ -15,7 +16,8 @@ namespace tessel {
 /// focus: the keyboard stays grabbed until it is released, or is lifted after a while.
 class HeldReturn {
 public:
-    HeldReturn(std::shared_ptr<X11Connection> connection, std::shared_ptr<X11Keyboard> keyboard);
+    HeldReturn(std::shared_ptr<X11Connection> connection, std::shared_ptr<X11Keyboard> keyboard,
+               std::chrono::milliseconds longestHold);
     ~HeldReturn();
 
     /// Runs `didEnd` once no Return and no Enter is down any more; never before this call has returned.
@@ -31,6 +33,7 @@ private:
 
     std::shared_ptr<X11Connection> connection_;
     std::shared_ptr<X11Keyboard> keyboard_;
+    std::chrono::milliseconds longestHold_;
     std::function<void()> didEnd_;
     KeySet down_;
     bool isGrabbed_ = false;

@@ -1,7 +1,6 @@
 #include "X11/PasteStroke.h"
 
 #include <algorithm>
-#include <chrono>
 #include <utility>
 
 #include "X11/FocusEvents.h"
@@ -11,8 +10,6 @@ namespace tessel {
 
 namespace {
 
-/// How long the target may take to get the focus, from the call or from the release of a held Return.
-constexpr std::chrono::milliseconds focusPatience{400};
 /// WM_CLASS is a pair of short names; whatever is longer is no terminal that we know.
 constexpr std::uint32_t windowClassUnits = 256;
 
@@ -27,11 +24,11 @@ xcb_get_property_cookie_t requestWindowClass(X11Connection& connection, xcb_wind
 PasteStroke::PasteStroke(Rooms rooms, std::optional<xcb_window_t> target)
     : rooms_(std::move(rooms))
     , target_(target)
-    , heldReturn_(rooms_.connection, rooms_.keyboard)
+    , heldReturn_(rooms_.connection, rooms_.keyboard, rooms_.patience.release)
 {
     patience_.setSingleShot(true);
     patience_.setTimerType(Qt::PreciseTimer);
-    QObject::connect(&patience_, &QTimer::timeout, &patience_, [this] { end(); });
+    QObject::connect(&patience_, &QTimer::timeout, &patience_, [this] { lookForTheLastTime(); });
 }
 
 void PasteStroke::begin(std::function<void()> didEnd)
@@ -66,7 +63,7 @@ void PasteStroke::returnIsUp()
 {
     returnIsUp_ = true;
     if (target_)
-        patience_.start(focusPatience);
+        patience_.start(rooms_.patience.focus);
     checkFocus();
 }
 
@@ -86,6 +83,14 @@ void PasteStroke::checkFocus()
     rooms_.connection->flush();
 }
 
+/// A focus that was given in time counts, also where this program or the server is too busy to notice it in
+/// time.
+void PasteStroke::lookForTheLastTime()
+{
+    isLastLook_ = true;
+    checkFocus();
+}
+
 void PasteStroke::focusFound(xcb_window_t focus)
 {
     findAncestry(*rooms_.connection, focus, lifetime_,
@@ -101,6 +106,8 @@ void PasteStroke::ancestryFound(xcb_window_t focus, const WindowAncestry& ancest
         return findClassOf(ancestry, focus);
     if (std::find(ancestry.begin(), ancestry.end(), *target_) != ancestry.end())
         focusIsRight(focus);
+    else if (isLastLook_)
+        end();
 }
 
 void PasteStroke::findClassOf(WindowAncestry ancestry, xcb_window_t focus)
@@ -164,10 +171,11 @@ void PasteStroke::awaitAvailability()
             return;
         isAvailable_ = true;
         if (target_)
-            patience_.start(focusPatience);
+            patience_.start(rooms_.patience.focus);
         play();
     };
     patience_.stop(); // It is for the focus.
+    isLastLook_ = false;
     if (!rooms_.whenAvailable)
         return goOn();
     rooms_.whenAvailable(goOn);

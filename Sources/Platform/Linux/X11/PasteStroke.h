@@ -11,6 +11,7 @@
 #include "X11/ChordPlayer.h"
 #include "X11/HeldReturn.h"
 #include "X11/KeyboardDevices.h"
+#include "X11/PastePatience.h"
 #include "X11/WindowAncestry.h"
 #include "X11/X11Connection.h"
 
@@ -30,6 +31,7 @@ public:
         /// Runs its argument, on a later turn of the loop, once others get what is being pasted, from
         /// whichever selection. Absent: they do already.
         std::function<void(std::function<void()>)> whenAvailable;
+        PastePatience patience;
     };
 
     /// Without a `target`, whoever has the focus gets the chord.
@@ -42,6 +44,7 @@ private:
     void returnIsUp();
     void findClassOfTarget();
     void checkFocus();
+    void lookForTheLastTime();
     void focusFound(xcb_window_t focus);
     void ancestryFound(xcb_window_t focus, const WindowAncestry& ancestry);
     void findClassOf(WindowAncestry ancestry, xcb_window_t focus);
@@ -63,6 +66,7 @@ private:
     bool returnIsUp_ = false;
     bool checking_ = false;
     bool checkAgain_ = false;
+    bool isLastLook_ = false;
     bool isAwaitingAvailability_ = false;
     bool isAvailable_ = false;
     Token selection_;

@@ -8,9 +8,13 @@ namespace tessel {
 
 X11KeyStrokes::X11KeyStrokes(std::shared_ptr<X11Connection> connection, std::shared_ptr<X11Keyboard> keyboard,
                              std::shared_ptr<X11HotKeyCenter> hotKeys, std::function<void()> offerPrimary,
-                             std::function<void(std::function<void()>)> whenAvailable)
-    : rooms_{connection, keyboard, std::make_shared<ChordPlayer>(connection, keyboard, std::move(hotKeys)),
-             std::move(offerPrimary), std::move(whenAvailable)}
+                             std::function<void(std::function<void()>)> whenAvailable, PastePatience patience)
+    : rooms_{connection,
+             keyboard,
+             std::make_shared<ChordPlayer>(connection, keyboard, std::move(hotKeys)),
+             std::move(offerPrimary),
+             std::move(whenAvailable),
+             patience}
 {}
 
 void X11KeyStrokes::postKeyStroke(std::uint16_t keyCode, ModifierFlags flags,

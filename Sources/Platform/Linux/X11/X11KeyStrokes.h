@@ -17,13 +17,13 @@ namespace tessel {
 /// this keyboard could say, and is not posted.
 ///
 /// A target has to get the focus first, because XTEST types where the focus is. Strokes are played in the
-/// order of the calls, each within half a second, or not at all.
+/// order of the calls, each within its patience, or not at all.
 class X11KeyStrokes : public KeyStrokes {
 public:
-    /// `offerPrimary` and `whenAvailable` as in `PasteStroke::Rooms`.
+    /// `offerPrimary`, `whenAvailable` and `patience` as in `PasteStroke::Rooms`.
     X11KeyStrokes(std::shared_ptr<X11Connection> connection, std::shared_ptr<X11Keyboard> keyboard,
                   std::shared_ptr<X11HotKeyCenter> hotKeys, std::function<void()> offerPrimary,
-                  std::function<void(std::function<void()>)> whenAvailable = {});
+                  std::function<void(std::function<void()>)> whenAvailable = {}, PastePatience patience = {});
 
     void postKeyStroke(std::uint16_t keyCode, ModifierFlags flags,
                        std::optional<ProcessIdentifier> process) override;
