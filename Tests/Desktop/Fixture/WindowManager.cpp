@@ -30,6 +30,15 @@ constexpr std::string_view i3Configuration = "# i3 config file (v4)\nfont pango:
 constexpr std::string_view kwinGlobalConfiguration = "[KDE]\nAnimationDurationFactor=0\n";
 constexpr std::string_view kwinConfiguration = "[Desktops]\nNumber=2\n";
 
+/// Openbox announces itself before it is ready for windows, and loses those that come in between. It sets
+/// this property of the root window when it is.
+constexpr const char* readyProperty = "TESSEL_WINDOW_MANAGER_READY";
+
+std::string announcement()
+{
+    return std::string("xprop -root -f ") + readyProperty + " 32c -set " + readyProperty + " 1";
+}
+
 std::vector<std::string> managerCommand(WindowManagerChoice choice, const TemporaryDirectory& directory)
 {
     switch (choice) {
@@ -37,7 +46,7 @@ std::vector<std::string> managerCommand(WindowManagerChoice choice, const Tempor
         break;
     case WindowManagerChoice::openbox: {
         const auto file = directory.write("openbox.xml", std::string(openboxConfiguration));
-        return {"openbox", "--sm-disable", "--config-file", file.string()};
+        return {"openbox", "--sm-disable", "--config-file", file.string(), "--startup", announcement()};
     }
     case WindowManagerChoice::xfwm4:
         // Its settings come over the session bus, where nobody has any: it takes its defaults.
@@ -87,6 +96,10 @@ WindowManager::WindowManager(WindowManagerChoice choice, XConnection& connection
             throw DesktopFailure(process_.name() + " ended; it said: " + process_.errorOutput());
         return isRunning(connection);
     });
+    if (choice == WindowManagerChoice::openbox)
+        connection.waitUntil("openbox to be ready for windows", [&] {
+            return !connection.propertyItems(connection.root(), readyProperty).empty();
+        });
     if (composites(choice))
         connection.waitUntil(process_.name() + " to composite the screen",
                              [&] { return connection.selectionOwner("_NET_WM_CM_S0") != XCB_WINDOW_NONE; });
