@@ -167,17 +167,17 @@ const std::vector<Encounter>& encounters()
         {"mute", "targets --patience 300ms", ownerIsBad, "no answer"},
         {"mute-after-targets", "targets", ownerIsGood, "5 targets"},
         {"mute-after-targets", "paste --patience 300ms", ownerIsBad, "no answer"},
-        {"stalls", "paste --patience 1.2", ownerIsBad, "unfinished: 8 bytes in 2 increments"},
+        {"stalls", "paste --patience 4", ownerIsBad, "unfinished: 8 bytes in 2 increments"},
         // 8 increments are the whole text, and more come than that.
         {"endless --size 1", "lazy --every 10 --patience 1.2", ownerIsGood, "time was over.*unfinished: "},
         {"dies-before", "paste --patience 300ms", ownerIsBad, "no answer"},
         {"dies-before", "vanishes-before --patience 300ms", ownerIsBad,
          "then a good requestor: (no answer|refused)"},
-        {"dies-during", "paste --patience 1.2", ownerIsBad, "unfinished: 12 bytes in 3 increments"},
-        {"dies-at-end", "paste --patience 1.2", ownerIsBad, "unfinished: 24 bytes in 6 increments"},
+        {"dies-during", "paste --patience 4", ownerIsBad, "unfinished: 12 bytes in 3 increments"},
+        {"dies-at-end", "paste --patience 4", ownerIsBad, "unfinished: 24 bytes in 6 increments"},
 
         {"liar-length", "paste", ownerIsBad, "announces 4294967295 bytes and sends 24"},
-        {"liar-length-mute", "paste --patience 1.2", ownerIsBad, "unfinished: 0 bytes in 0 increments"},
+        {"liar-length-mute", "paste --patience 4", ownerIsBad, "unfinished: 0 bytes in 0 increments"},
         {"modest-length", "paste", ownerIsGood, "1048576 bytes of UTF8_STRING in 16 increments"},
         {"no-length", "paste", ownerIsBad, "24 bytes.*announces increments without one size"},
         {"empty-incr", "paste", ownerIsGood, "0 bytes of UTF8_STRING in 0 increments"},
@@ -209,7 +209,7 @@ const std::vector<Encounter>& encounters()
 
         {"flapping", "paste", ownerIsGood, "24 bytes"},
         {"incr --size 1", "takes-over", ownerIsGood, "1048576 bytes of UTF8_STRING in 8 increments"},
-        {"stalls", "takes-over --patience 1.2", ownerIsBad, "unfinished: 8 bytes in 2 increments"},
+        {"stalls", "takes-over --patience 4", ownerIsBad, "unfinished: 8 bytes in 2 increments"},
         {"incr --size 1", "ten-at-once", ownerIsGood, "10 times the same 1048576 bytes"},
         {"incr --size 1", "vanishes", ownerIsGood,
          "disconnected, unfinished: 262144 bytes in 2 increments; then"},
@@ -278,7 +278,7 @@ TEST_F(SelectionOwnersTest, AnOwnerThatDiesIsGone)
 {
     for (const auto* manner : {"dies-before", "dies-during", "dies-at-end"}) {
         auto& owner = own({manner});
-        run({"paste", "--patience", "300ms"});
+        ChildProcess requestor({TESSEL_SELECTION_OWNERS, "paste"}, environment_);
         EXPECT_TRUE(owner.waitForExit().succeeded()) << manner;
     }
 }
@@ -329,6 +329,7 @@ TEST_F(SelectionOwnersTest, AnOwnerThatClearsOrLosesItsWindowKeepsItsConnection)
 {
     for (const auto* manner : {"clears", "window-dies"}) {
         auto& owner = own({manner});
+        EXPECT_TRUE(paste()) << manner;
         waitUntilNobodyOwns();
         EXPECT_TRUE(owner.isRunning()) << manner;
     }
@@ -449,7 +450,7 @@ TEST_F(SelectionOwnersTest, ACheckOfXclipFindsWhatItLacks)
     const auto file = directory_.write("text", "of xclip\n");
     ChildProcess xclip({"xclip", "-quiet", "-selection", "clipboard", "-in", file.string()}, environment_);
     waitUntil("xclip to own the selection", [&] { return paste() == "of xclip\n"; });
-    const auto result = run({"check", "--patience", "2"}, Deadline(60s));
+    const auto result = run({"check", "--patience", "4"});
     EXPECT_EQ(result.status.number, ownerIsBad);
     EXPECT_THAT(verdictsOf(result),
                 testing::IsSupersetOf({"ok    paste", "ok    every-target", "ok    ten-at-once",

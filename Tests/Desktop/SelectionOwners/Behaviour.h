@@ -74,9 +74,9 @@ struct Behaviour {
     Death death = Death::never;
     /// Ends its connection after this time.
     std::optional<std::chrono::milliseconds> endsAfter;
-    /// Destroys its window, and keeps its connection, after this time.
+    /// Destroys its window, and keeps its connection, this long after a value has been taken from it.
     std::optional<std::chrono::milliseconds> destroysWindowAfter;
-    /// Gives the selection up, as a deliberate clear, after this time.
+    /// Gives the selection up, as a deliberate clear, this long after a value has been taken from it.
     std::optional<std::chrono::milliseconds> clearsAfter;
 
     /// Takes the selection again and again at this interval.

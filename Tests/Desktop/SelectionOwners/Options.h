@@ -23,7 +23,7 @@ struct Options {
     // For requestors.
     std::optional<std::string> target;
     /// Each requestor ends after this time, whatever the owner does.
-    std::chrono::milliseconds patience{10'000};
+    std::chrono::milliseconds patience{60'000};
     std::optional<std::size_t> count;
     std::optional<std::chrono::milliseconds> interval;
     std::string output;

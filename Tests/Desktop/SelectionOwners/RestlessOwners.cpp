@@ -64,7 +64,8 @@ const std::vector<NamedOwner>& restlessOwners()
              behaviour.copiesOthers = true;
              return behaviour;
          }},
-        {"clears", Conduct::obeys, "2.3.1", "gives the selection up on purpose after half a second",
+        {"clears", Conduct::obeys, "2.3.1",
+         "gives the selection up on purpose half a second after a value has been taken",
          "takes it for a deliberate clear: brings nothing back",
          [](const Options& options) {
              Behaviour behaviour = textOwner(options);
@@ -72,7 +73,7 @@ const std::vector<NamedOwner>& restlessOwners()
              return behaviour;
          }},
         {"window-dies", Conduct::obeys, "2.3.1",
-         "destroys its window after half a second, and keeps its connection",
+         "destroys its window half a second after a value has been taken, and keeps its connection",
          "treats it as an owner that is gone",
          [](const Options& options) {
              Behaviour behaviour = textOwner(options);

@@ -5,6 +5,7 @@
 #include <cstdlib>
 #include <cstring>
 #include <stdexcept>
+#include <utility>
 
 #include <unistd.h>
 #include <xcb/xfixes.h>
@@ -68,10 +69,15 @@ void SelectionOwner::begin()
         after(*behaviour_.takesAgainEvery, [this] { takeAgain(); });
     if (behaviour_.endsAfter)
         after(*behaviour_.endsAfter, [this] { isOver_ = true; });
-    if (behaviour_.destroysWindowAfter)
-        after(*behaviour_.destroysWindowAfter, [this] { client_.destroyWindow(window_); });
-    if (behaviour_.clearsAfter)
-        after(*behaviour_.clearsAfter,
+}
+
+void SelectionOwner::beginToGo()
+{
+    untakenValue_.reset();
+    if (const auto delay = std::exchange(behaviour_.destroysWindowAfter, std::nullopt))
+        after(*delay, [this] { client_.destroyWindow(window_); });
+    if (const auto delay = std::exchange(behaviour_.clearsAfter, std::nullopt))
+        after(*delay,
               [this] { xcb_set_selection_owner(client_.connection(), XCB_NONE, selection_, lastTaken_); });
 }
 
@@ -143,8 +149,11 @@ void SelectionOwner::handle(const xcb_generic_event_t& event)
         return forgetWindow(reinterpret_cast<const xcb_destroy_notify_event_t&>(event).window);
     if (kind == XCB_PROPERTY_NOTIFY) {
         const auto& change = reinterpret_cast<const xcb_property_notify_event_t&>(event);
-        if (change.state == XCB_PROPERTY_DELETE)
-            continueIncrements({change.window, change.atom});
+        if (change.state != XCB_PROPERTY_DELETE)
+            return;
+        if (untakenValue_ == Place{change.window, change.atom})
+            beginToGo();
+        continueIncrements({change.window, change.atom});
     } else if (kind == ownerChangeEvent_) {
         const auto& change = reinterpret_cast<const xcb_xfixes_selection_notify_event_t&>(event);
         handleOtherOwner(change.owner, change.selection_timestamp);
@@ -272,11 +281,16 @@ bool SelectionOwner::writeMultiple(const Request& request)
 bool SelectionOwner::writeOffer(const Request& request, const Offer& offer)
 {
     const bool isLarge = offer.bytes->size() > mostWholeBytes && !behaviour_.sendsWhole;
-    if (behaviour_.incrementBytes || isLarge)
+    if (behaviour_.incrementBytes || isLarge) {
         beginIncrements(request, offer);
-    else
-        client_.writeProperty(request.requestor, request.property, client_.atom(offer.type), offer.format,
-                              *offer.bytes);
+        return true;
+    }
+    if (behaviour_.destroysWindowAfter || behaviour_.clearsAfter) {
+        watchWindow(request.requestor);
+        untakenValue_ = {request.requestor, request.property};
+    }
+    client_.writeProperty(request.requestor, request.property, client_.atom(offer.type), offer.format,
+                          *offer.bytes);
     return true;
 }
 
@@ -287,10 +301,15 @@ const Offer* SelectionOwner::offerFor(xcb_atom_t target)
     return found == behaviour_.offers.end() ? nullptr : &*found;
 }
 
-void SelectionOwner::beginIncrements(const Request& request, const Offer& offer)
+void SelectionOwner::watchWindow(xcb_window_t window)
 {
     const std::uint32_t events = XCB_EVENT_MASK_PROPERTY_CHANGE | XCB_EVENT_MASK_STRUCTURE_NOTIFY;
-    xcb_change_window_attributes(client_.connection(), request.requestor, XCB_CW_EVENT_MASK, &events);
+    xcb_change_window_attributes(client_.connection(), window, XCB_CW_EVENT_MASK, &events);
+}
+
+void SelectionOwner::beginIncrements(const Request& request, const Offer& offer)
+{
+    watchWindow(request.requestor);
     std::vector<std::uint32_t> announcement;
     if (!behaviour_.announcesNothing)
         announcement.push_back(

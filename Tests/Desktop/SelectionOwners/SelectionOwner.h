@@ -55,6 +55,8 @@ private:
     void takeAgain();
     void after(std::chrono::milliseconds delay, std::function<void()> action);
     void runDueActions();
+    /// The first value that somebody takes begins the time after which it goes.
+    void beginToGo();
 
     void handleClear(const xcb_selection_clear_event_t& clear);
     void handleRequest(const Request& request);
@@ -72,6 +74,7 @@ private:
                        const std::vector<std::uint32_t>& items);
     const Offer* offerFor(xcb_atom_t target);
 
+    void watchWindow(xcb_window_t window);
     void beginIncrements(const Request& request, const Offer& offer);
     void continueIncrements(Place place);
     void sendIncrement(Place place);
@@ -91,6 +94,8 @@ private:
     xcb_timestamp_t lastTaken_ = XCB_CURRENT_TIME;
     int takings_ = 0;
     bool isOver_ = false;
+    /// Where a value was put that has not been taken yet.
+    std::optional<Place> untakenValue_;
     std::string firstText_;
     std::vector<xcb_atom_t> inventedTargets_;
     std::multimap<Clock::time_point, std::function<void()>> actions_;
