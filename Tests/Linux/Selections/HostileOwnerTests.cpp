@@ -42,22 +42,31 @@ protected:
         EXPECT_FALSE(pasteboard_.image());
         expectTheNextCopyToArrive();
     }
-    /// Nothing comes of the owner, and the next copy is there at once all the same.
-    void expectNoHindrance(std::vector<std::string> arguments)
+    /// Whether the next copy arrives before anything comes of the owner.
+    bool isOvertaken(const std::vector<std::string>& arguments)
     {
         const std::int64_t before = pasteboard_.changeCount();
-        own(std::move(arguments));
-        const auto start = std::chrono::steady_clock::now();
-        copy("next");
-        EXPECT_EQ(pasteboard_.changeCount(), before + 1) << "the owner before was waited for";
-        EXPECT_LT(std::chrono::steady_clock::now() - start, std::chrono::seconds(2));
-        EXPECT_EQ(text(), "next");
+        own(arguments);
+        copyAndAwait("next " + std::to_string(++copies_));
+        return pasteboard_.changeCount() == before + 1;
+    }
+    /// The next copy does not wait for the owner. A machine may be so slow that the owner's patience, or
+    /// ours, is over before the next copy is made; but not every time.
+    void expectNoHindrance(const std::vector<std::string>& arguments)
+    {
+        constexpr int attempts = 5;
+        int attempt = 1;
+        while (!isOvertaken(arguments) && attempt < attempts)
+            ++attempt;
+        EXPECT_LT(attempt, attempts) << "the owner before was waited for";
     }
     void expectTheNextCopyToArrive()
     {
         copy("the next copy");
         EXPECT_EQ(text(), "the next copy");
     }
+
+    int copies_ = 0;
 };
 
 TEST_F(HostileOwners, GoodOnesAreUnderstood)
@@ -162,10 +171,7 @@ TEST_F(HostileOwners, AFlappingOneIsReadInBetweenAndEndsWithTheNextCopy)
     EXPECT_TRUE(loop_.runUntil([&] { return pasteboard_.changeCount() > 20; }));
     EXPECT_EQ(text(), "again");
     others_.clear();
-    EXPECT_TRUE(loop_.runUntil([&] {
-        loop_.post([] {});
-        return paste() == "again"; // Kept when it went.
-    }));
+    EXPECT_TRUE(isPasted("again")) << "kept when it went";
     expectTheNextCopyToArrive();
 }
 
@@ -197,10 +203,7 @@ TEST_F(HostileOwners, RichTextOutlivesItsOwner)
     ASSERT_TRUE(RawRequestor(display().name()).ask("CLIPBOARD_MANAGER", "SAVE_TARGETS"));
     others_.back()->kill(SIGTERM);
     others_.back()->wait();
-    ASSERT_TRUE(loop_.runUntil([&] {
-        loop_.post([] {});
-        return paste() == "rich";
-    }));
+    ASSERT_TRUE(isPasted("rich"));
     EXPECT_EQ(paste("text/html"), "<b>rich</b>");
     EXPECT_EQ(paste("text/rtf"), "{\\rtf1 rich}");
     EXPECT_EQ(pasteboard_.changeCount(), before + 1);

@@ -10,13 +10,6 @@ class RivalManagers : public PasteboardOnX11 {
 protected:
     using Greed = RivalManager::Greed;
 
-    /// An application that owns `text`.
-    void copyAside(const std::string& text)
-    {
-        others_.push_back(ChildProcess::start(
-            {"xclip", "-quiet", "-selection", "clipboard", "-target", "UTF8_STRING", "-in"}, display().name(),
-            text));
-    }
     template <class Condition>
     bool becomesTrue(Condition condition)
     {
@@ -54,7 +47,7 @@ TEST_F(RivalManagers, OneThatTakesEverythingIsLeftAlone)
     const int before = watch_.ownershipChanges();
     for (int number = 1; number <= copies; ++number) {
         const std::string word = "copy " + std::to_string(number);
-        copyAside(word);
+        startCopying(word);
         ASSERT_TRUE(becomesTrue([&] { return rival.text() == word && owner() == rival.window(); }));
         ASSERT_TRUE(becomesTrue([&] { return text() == word; }));
         others_.clear(); // It is no owner any more, so that its end is no event.
@@ -87,7 +80,7 @@ TEST_F(RivalManagers, OneThatTakesWhatTheDeadLeaveIsNotFought)
     const int before = watch_.ownershipChanges();
     for (int number = 1; number <= copies; ++number) {
         const std::string word = "copy " + std::to_string(number);
-        copyAside(word);
+        startCopying(word);
         ASSERT_TRUE(becomesTrue([&] { return rival.text() == word && text() == word; }));
         const int beforeDeath = watch_.ownershipChanges();
         others_.clear();
@@ -107,7 +100,7 @@ TEST_F(RivalManagers, TwoOfUsDoNotFight)
     const int before = watch_.ownershipChanges();
     for (int number = 1; number <= copies; ++number) {
         const std::string word = "copy " + std::to_string(number);
-        copyAside(word);
+        startCopying(word);
         ASSERT_TRUE(becomesTrue([&] { return text() == word && secondText() == word; }));
         const int beforeDeath = watch_.ownershipChanges();
         others_.clear();
