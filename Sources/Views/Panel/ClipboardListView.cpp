@@ -375,9 +375,12 @@ void ClipboardListView::wheelEvent(QWheelEvent* event)
 void ClipboardListView::advanceScrolling()
 {
     constexpr double nanosecondsPerSecond = 1e9;
-    // The first step is a frame's, so that the answer to the wheel is seen at once.
-    const double seconds = std::max(static_cast<double>(sinceScrolled_.nsecsElapsed()) / nanosecondsPerSecond,
-                                    frameInterval / 1000.0);
+    // The first step is a frame's, so that the answer to the wheel is seen at once. After a pause of the
+    // machine's the movement is still seen.
+    constexpr double longestStep = 0.1;
+    const double seconds =
+        std::clamp(static_cast<double>(sinceScrolled_.nsecsElapsed()) / nanosecondsPerSecond,
+                   frameInterval / 1000.0, longestStep);
     sinceScrolled_.start();
     scrollTo(animation_.advanced(position_.offset(), seconds));
     if (!animation_.target())
