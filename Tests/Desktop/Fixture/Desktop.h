@@ -46,6 +46,8 @@ public:
     std::string busAddress() const { return bus_ ? bus_->address() : std::string(); }
     /// The process of the session bus, which there must be.
     pid_t busProcess() const { return bus_.value().pid(); }
+    /// The process of the X server.
+    pid_t serverProcess() const { return display_->process(); }
     Extent screen() const { return options_.screen; }
 
     XConnection& connection() { return *connection_; }

@@ -33,7 +33,8 @@ struct HeartbeatReport {
 class Heartbeat {
 public:
     /// Begins at once; throws `DesktopFailure` if the program does not answer at all. The main threads of
-    /// `processes` are those that an answer passes through: the program's and the bus's.
+    /// `processes` are those that an answer passes through, or that the program may be waiting for: its own,
+    /// the bus's, the X server's.
     Heartbeat(const std::string& sessionBusAddress, BusAddress program, std::vector<pid_t> processes = {});
     ~Heartbeat();
     Heartbeat(const Heartbeat&) = delete;

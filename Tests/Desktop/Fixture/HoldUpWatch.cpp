@@ -14,7 +14,7 @@ const BusAddress idleAddress{"org.tessel.Idle", "/heartbeat"};
 HoldUpWatch::HoldUpWatch(Desktop& desktop, pid_t program)
     : idleProgram_({clientFile("qt-heartbeat").string(), idleAddress.name}, desktop.environment())
     , program_((idleProgram_.waitForLine("ready"), desktop.busAddress()), Program::busAddress(),
-               {program, desktop.busProcess()})
+               {program, desktop.busProcess(), desktop.serverProcess()})
     , idle_(desktop.busAddress(), idleAddress, {idleProgram_.pid(), desktop.busProcess()})
 {}
 
@@ -22,7 +22,7 @@ HoldUp HoldUpWatch::finish()
 {
     const auto program = program_.finish();
     const auto idle = idle_.finish();
-    return {program.longest, idle.longest, program.longestAtWork - idle.longestAtWork};
+    return {program.longest, idle.longest, program.longestAtWork, idle.longestAtWork};
 }
 
 } // namespace tessel::desktop

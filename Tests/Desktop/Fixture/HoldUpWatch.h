@@ -9,13 +9,14 @@
 namespace tessel::desktop {
 
 /// How long the main threads of the program and of an idle process of the same time and priority took at most
-/// to answer. The difference is what the program is to blame for.
+/// to answer, and how long at most after what was spent waiting for a processor is taken off, so that it
+/// means something on a busy machine, too. What the program takes beyond the idle process is what it is to
+/// blame for.
 struct HoldUp {
     std::chrono::microseconds program{};
     std::chrono::microseconds idle{};
-    /// The difference of the two after what each waited for a processor is taken off, so that it means
-    /// something on a busy machine, too.
-    std::chrono::microseconds beyondIdle{};
+    std::chrono::microseconds programAtWork{};
+    std::chrono::microseconds idleAtWork{};
 };
 
 /// Watches, from its construction on, how long the program's main thread is held up.

@@ -22,6 +22,8 @@ public:
     /// The value for `DISPLAY`, such as ":3".
     const std::string& name() const { return name_; }
 
+    pid_t process() const { return server_.pid(); }
+
 private:
     ChildProcess server_;
     std::string name_;
