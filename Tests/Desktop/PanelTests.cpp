@@ -10,13 +10,29 @@ using testing::Contains;
 using testing::Each;
 using testing::IsSupersetOf;
 
-class PanelTest : public ProgramTest {};
+class PanelTest : public ProgramTest {
+protected:
+    explicit PanelTest(DesktopOptions options = {})
+        : ProgramTest(options)
+    {}
+
+    /// What is behind the panel is seen in its corners, and the panel between them.
+    void waitForRoundCorners()
+    {
+        constexpr auto behind = Desktop::backgroundColour;
+        desktop_.connection().waitUntil("round corners", [&] {
+            const auto picture = program_->panel().picture();
+            return picture.at(0, 0) == behind && picture.at(Panel::width - 1, picture.height - 1) == behind &&
+                   picture.at(Panel::width / 2, picture.height - 20) != behind;
+        });
+    }
+};
 
 TEST_F(PanelTest, EscapeClosesItAndTheFocusReturns)
 {
     TextClient editor(desktop_, TextClientKind::gtk);
     program_->openPanel();
-    EXPECT_FALSE(editor.hasFocus());
+    desktop_.connection().waitUntil("the editor to lose the focus", [&] { return !editor.hasFocus(); });
     program_->closePanel();
     desktop_.connection().waitUntil("the editor to have the focus again", [&] { return editor.hasFocus(); });
     desktop_.keyboard().type("typed");
@@ -37,7 +53,8 @@ TEST_F(PanelTest, TwoPressesInQuickSuccessionOpenAndClose)
     program_->pressHotKey();
     program_->pressHotKey();
     letTheProgramTick();
-    EXPECT_FALSE(program_->panel().isOpen());
+    program_->waitUntilItHasRead();
+    program_->panel().waitUntilClosed();
     program_->openPanel();
     program_->closePanel();
 }
@@ -130,30 +147,24 @@ TEST_F(PanelTest, ItOpensOnEveryDesktopOfTheWindowManager)
     program_->closePanel();
 }
 
-class CompositedPanelTest : public ProgramTest {
+class CompositedPanelTest : public PanelTest {
 protected:
     CompositedPanelTest()
-        : ProgramTest({.compositor = CompositorChoice::picom})
+        : PanelTest({.compositor = CompositorChoice::picom})
     {}
 };
 
 TEST_F(CompositedPanelTest, ItIsTranslucentWithRoundCorners)
 {
     program_->openPanel();
-    desktop_.pixels().readQuietScreen();
-    const auto picture = program_->panel().picture();
-    EXPECT_EQ(picture.at(0, 0), Desktop::backgroundColour);
-    EXPECT_EQ(picture.at(Panel::width - 1, picture.height - 1), Desktop::backgroundColour);
-    EXPECT_NE(picture.at(Panel::width / 2, picture.height - 20), Desktop::backgroundColour);
+    waitForRoundCorners();
     program_->closePanel();
 }
 
 TEST_F(PanelTest, ItHasRoundCornersWithoutACompositorToo)
 {
     program_->openPanel();
-    const auto picture = program_->panel().picture();
-    EXPECT_EQ(picture.at(0, 0), Desktop::backgroundColour);
-    EXPECT_EQ(picture.at(Panel::width - 1, picture.height - 1), Desktop::backgroundColour);
+    waitForRoundCorners();
     program_->closePanel();
 }
 

@@ -73,6 +73,20 @@ bool Program::isReady()
     return desktop_.keyboard().isGrabbed(XKB_KEY_v, superAndShift);
 }
 
+void Program::waitUntilItHasRead()
+{
+    desktop_.connection().synchronize();
+    // An answer comes from a turn of the main loop. In the next one everything has been read that had come
+    // before the question; what that sets in motion takes a few more.
+    constexpr int turns = 10;
+    BusClient client(desktop_.busAddress());
+    const auto address = busAddress();
+    for (int turn = 0; turn < turns; ++turn) {
+        if (!client.askObject(address.name, address.path, Deadline()))
+            throw DesktopFailure("the program does not answer on the session bus");
+    }
+}
+
 void Program::pressHotKey(std::chrono::milliseconds hold)
 {
     desktop_.keyboard().chord({XKB_KEY_Super_L, XKB_KEY_Shift_L}, XKB_KEY_v, hold);

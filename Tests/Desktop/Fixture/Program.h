@@ -34,6 +34,9 @@ public:
     Panel& panel() { return panel_; }
 
     /// Presses and releases the hot key, Super+Shift+V.
+    /// Returns when the program, which answers on the session bus, has read every key and event that the
+    /// server has sent until now.
+    void waitUntilItHasRead();
     void pressHotKey(std::chrono::milliseconds hold = {});
     /// Opens the panel by the hot key, and returns when it can be used.
     WindowFacts openPanel();
