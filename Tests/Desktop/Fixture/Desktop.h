@@ -20,12 +20,18 @@ namespace tessel::desktop {
 
 enum class BusChoice { sessionBus, none };
 enum class CompositorChoice { none, picom };
+/// Where the scale of a desktop is said: `QT_SCALE_FACTOR`, or the resolution of fonts (`Xft.dpi` of the
+/// resources that desktops set).
+enum class ScaleSource { toolkitVariable, fontResolution };
 
 struct DesktopOptions {
     Extent screen{1280, 1024};
     BusChoice bus = BusChoice::sessionBus;
     CompositorChoice compositor = CompositorChoice::none;
     WindowManagerChoice windowManager = WindowManagerChoice::openbox;
+    /// Pixels for each point.
+    double scale = 1;
+    ScaleSource scaleSource = ScaleSource::toolkitVariable;
 };
 
 /// A complete desktop of its own: a virtual X server, a session bus, a window manager, an empty home
@@ -47,6 +53,8 @@ public:
     /// The process of the session bus, which there must be.
     pid_t busProcess() const { return bus_.value().pid(); }
     Extent screen() const { return options_.screen; }
+    /// Pixels for each point, as programs are started.
+    double scale() const { return options_.scale; }
 
     XConnection& connection() { return *connection_; }
     Keyboard& keyboard() { return *keyboard_; }
@@ -55,6 +63,7 @@ public:
     Pixels& pixels() { return *pixels_; }
 
 private:
+    void applyScale();
     void startCompositor();
 
     DesktopOptions options_;
