@@ -378,6 +378,26 @@ TEST_P(WindowManagerTest, ACaptureNearTheBottomEdgeLetsItGrowUpwards)
     waitForFocus(editor);
 }
 
+TEST_P(WindowManagerTest, ItOpensOverAFullScreenWindow)
+{
+    if (!hasWindowManager())
+        return; // Nobody gives a window the whole screen.
+    TextClient editor(desktop_, TextClientKind::gtk);
+    copyTexts({"A", "B"});
+    editor.activate();
+    desktop_.windows().makeFullScreen(editor.window());
+    const auto panel = program_->openPanel();
+    EXPECT_TRUE(isAbove(panel.window, editor.window()));
+    keepPicture("6-over-a-full-screen-window");
+    desktop_.keyboard().tap(XKB_KEY_Return);
+    expectPastedOnce(editor, "B");
+    // i3 takes the whole screen away from a window when another one gets the focus.
+    if (GetParam() == WindowManagerChoice::i3)
+        return;
+    EXPECT_THAT(desktop_.windows().atomNames(editor.window(), "_NET_WM_STATE"),
+                Contains("_NET_WM_STATE_FULLSCREEN"));
+}
+
 TEST_P(WindowManagerTest, ItOpensOnTheMonitorUnderThePointer)
 {
     const Frame left{0, 0, 640, 1024};
