@@ -388,6 +388,12 @@ TEST_P(WindowManagerTest, ItOpensOverAFullScreenWindow)
     desktop_.windows().makeFullScreen(editor.window());
     const auto panel = program_->openPanel();
     EXPECT_TRUE(isAbove(panel.window, editor.window()));
+    // All of it is seen, from its first row to its last one.
+    for (const int y : {panel.frame.y + 2, panel.frame.y + panel.frame.height - 3})
+        desktop_.connection().waitUntil("the panel's edges before the editor", [&] {
+            return desktop_.pixels().at(panel.frame.x + Panel::width / 2, y) !=
+                   desktop_.pixels().at(panel.frame.x - 10, y);
+        });
     keepPicture("6-over-a-full-screen-window");
     desktop_.keyboard().tap(XKB_KEY_Return);
     expectPastedOnce(editor, "B");

@@ -3,6 +3,7 @@
 #include <utility>
 #include <vector>
 
+#include <xcb/shape.h>
 #include <xcb/xfixes.h>
 
 #include "X11/FocusRequest.h"
@@ -205,6 +206,11 @@ void X11NativeWindows::settle(xcb_window_t window, Panel& panel)
                                    static_cast<std::uint32_t>(corner->y())};
         xcb_configure_window(raw, window, XCB_CONFIG_WINDOW_X | XCB_CONFIG_WINDOW_Y, values.data());
     }
+    // It also cuts its frame to the shape that a window has below a title bar, and looks again only when the
+    // shape is set. A window without a shape of its own must not get one.
+    if (!blendsTranslucentWindows())
+        xcb_shape_combine(raw, XCB_SHAPE_SO_SET, XCB_SHAPE_SK_BOUNDING, XCB_SHAPE_SK_BOUNDING, window, 0, 0,
+                          window);
     xcb_flush(raw);
 }
 
