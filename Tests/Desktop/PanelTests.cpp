@@ -48,6 +48,50 @@ TEST_F(PanelTest, TheHotKeyOpensAndCloses)
     }
 }
 
+TEST_F(PanelTest, EachOpeningIsANewPanelWithANewSelection)
+{
+    copyTexts({"A", "B", "C"});
+    desktop_.pointer().moveTo(restingPlace);
+    const auto first = program_->openPanel();
+    const auto fresh = program_->panel().picture();
+    desktop_.keyboard().tap(XKB_KEY_Down);
+    program_->panel().waitUntilItDiffersFrom(fresh);
+    program_->pressHotKey();
+    program_->panel().waitUntilClosed();
+    const auto second = program_->openPanel();
+    EXPECT_NE(second.window, first.window);
+    desktop_.connection().waitUntil("the panel to look as at first",
+                                    [&] { return program_->panel().picture() == fresh; });
+    program_->closePanel();
+}
+
+TEST_F(PanelTest, TenEntriesMakeItAsHighAsSix)
+{
+    copyTexts({"1", "2", "3", "4", "5", "6"});
+    EXPECT_EQ(program_->openPanel().frame.height, 550);
+    program_->closePanel();
+    copyTexts({"7", "8", "9", "10"});
+    EXPECT_EQ(program_->openPanel().frame.height, 550);
+    program_->closePanel();
+}
+
+TEST_F(PanelTest, ShownAgainWhileItIsInFrontItHasNoOtherProgramToPasteInto)
+{
+    TextClient editor(desktop_, TextClientKind::gtk);
+    copyTexts({"A", "B"});
+    editor.activate();
+    program_->openPanel();
+    EXPECT_TRUE(Program::runOption(desktop_, "--show").status.succeeded());
+    SelectionWatch clipboard(desktop_.displayName());
+    desktop_.keyboard().tap(XKB_KEY_Return);
+    program_->panel().waitUntilClosed();
+    clipboard.waitForMoreThan(0);
+    letTheProgramTick();
+    EXPECT_EQ(ClipboardReader(desktop_.displayName()).readText(), "B");
+    EXPECT_EQ(editor.pasteCount(), 0);
+    EXPECT_EQ(editor.text(), "");
+}
+
 TEST_F(PanelTest, TwoPressesInQuickSuccessionOpenAndClose)
 {
     program_->pressHotKey();

@@ -1,5 +1,8 @@
 // The process: its options, one per session, with and without a session bus.
 
+#include <csignal>
+#include <cstring>
+
 #include "ProgramTest.h"
 
 namespace tessel::desktop {
@@ -46,6 +49,37 @@ TEST_F(ProcessTest, QuitEndsIt)
     EXPECT_THAT(again.errorOutput, HasSubstr("not running"));
 }
 
+TEST_F(ProcessTest, QuitEndsItWithThePanelOpenToo)
+{
+    program_->openPanel();
+    EXPECT_TRUE(Program::runOption(desktop_, "--quit").status.succeeded());
+    EXPECT_TRUE(program_->process().waitForExit().succeeded());
+    program_.reset();
+}
+
+/// What sessions, service managers and terminals send.
+class EndingSignalTest : public ProcessTest, public testing::WithParamInterface<int> {};
+
+TEST_P(EndingSignalTest, EndsItInOrder)
+{
+    program_->process().signal(GetParam());
+    const auto status = program_->process().waitForExit();
+    EXPECT_TRUE(status.succeeded()) << status.description();
+    program_.reset();
+}
+
+TEST_P(EndingSignalTest, EndsItInOrderWithThePanelOpenToo)
+{
+    program_->openPanel();
+    program_->process().signal(GetParam());
+    const auto status = program_->process().waitForExit();
+    EXPECT_TRUE(status.succeeded()) << status.description();
+    program_.reset();
+}
+
+INSTANTIATE_TEST_SUITE_P(Number, EndingSignalTest, testing::Values(SIGTERM, SIGHUP, SIGINT),
+                         [](const auto& number) { return std::string(sigabbrev_np(number.param)); });
+
 TEST_F(ProcessTest, VersionAndHelpAnswerAtOnce)
 {
     EXPECT_THAT(Program::runOption(desktop_, "--version").output, HasSubstr("Tessel Clipboard"));
@@ -69,13 +103,6 @@ protected:
     NoBusTest()
         : ProgramTest({.bus = BusChoice::none})
     {}
-
-    /// Without a session bus a signal is the only way to end it from the outside.
-    void TearDown() override
-    {
-        EXPECT_EQ(Program::sanitizerComplaint(program_->process().errorOutput()), "");
-        program_.reset();
-    }
 };
 
 TEST_F(NoBusTest, TheProgramRunsAllTheSame)

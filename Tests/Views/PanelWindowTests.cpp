@@ -4,11 +4,12 @@
 #include <QtCore/QPointer>
 #include <QtGui/QGuiApplication>
 #include <QtGui/QScreen>
+#include <QtGui/QWindow>
 #include <QtTest/QTest>
 
 #include "Panel/PanelFactory.h"
-#include "Panel/ScreenSpace.h"
 #include "Panel/VisualEffectBlurView.h"
+#include "ScreenSpace.h"
 #include "Support/PanelDesktop.h"
 
 namespace tessel::test {
@@ -62,7 +63,7 @@ TEST(PanelWindow, IsSizedAndPlacedBeforeItIsShown)
     const Rect frame = desktop.controller().frame();
     EXPECT_EQ(frame.size, (Size{460, 220}));
     EXPECT_EQ(frame.origin, (Point{412, 600 - 220 - 12}));
-    EXPECT_EQ(screenSpace::fromToolkit(desktop.window().geometry()), frame);
+    EXPECT_EQ(screenSpace::toSeam(desktop.window().geometry()), frame);
 }
 
 TEST(PanelWindow, GrowsWithTheHistoryWhileItIsOpen)
@@ -76,9 +77,24 @@ TEST(PanelWindow, GrowsWithTheHistoryWhileItIsOpen)
     EXPECT_EQ(desktop.controller().frame().size.height, 334); // It is what has been asked for,
     EXPECT_EQ(desktop.window().geometry(), before);           // and happens in one step.
     runMainLoop();
-    EXPECT_EQ(screenSpace::fromToolkit(desktop.window().geometry()), desktop.controller().frame());
+    EXPECT_EQ(screenSpace::toSeam(desktop.window().geometry()), desktop.controller().frame());
     EXPECT_EQ(desktop.controller().frame().maxY(), 588);
     EXPECT_EQ(desktop.view().size(), desktop.window().size());
+}
+
+TEST(PanelWindow, TakesANewGeometryOnlyOnceItIsOnScreen)
+{
+    PanelDesktop desktop;
+    desktop.copy("A");
+    desktop.state->showPanel();
+    const QRect before = desktop.window().geometry();
+    ASSERT_FALSE(desktop.window().windowHandle()->isExposed());
+    desktop.copyAll({"B", "C"});
+    QCoreApplication::sendPostedEvents(&desktop.controller());
+    EXPECT_EQ(desktop.window().geometry(), before);
+    ASSERT_TRUE(QTest::qWaitForWindowExposed(&desktop.window()));
+    runMainLoop();
+    EXPECT_EQ(desktop.window().height(), 334);
 }
 
 TEST(PanelWindow, IsHiddenWhileTheApplicationIsInactive)
@@ -179,7 +195,7 @@ TEST(ScreenSpace, TurnsTheVerticalAxisRound)
     const Rect rectangle = {{10, 20}, {300, 40}};
     const QRect converted = screenSpace::toToolkit(rectangle);
     EXPECT_EQ(converted, QRect(screen.left() + 10, screen.top() + screen.height() - 60, 300, 40));
-    EXPECT_EQ(screenSpace::fromToolkit(converted), rectangle);
+    EXPECT_EQ(screenSpace::toSeam(converted), rectangle);
 }
 
 TEST(VisualEffectBlurView, SetsAllPropertiesAgainOnUpdate)

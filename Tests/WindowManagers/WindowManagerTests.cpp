@@ -2,7 +2,12 @@
 
 #include <algorithm>
 #include <array>
+#include <cstdlib>
+#include <filesystem>
+#include <sstream>
 
+#include "Dock.h"
+#include "Monitors.h"
 #include "ProgramTest.h"
 
 namespace tessel::desktop {
@@ -60,6 +65,46 @@ protected:
                                 [window](const WindowFacts& facts) { return facts.window == window; });
         };
         return indexOf(upper) > indexOf(lower);
+    }
+
+    /// Leaves a picture of the screen behind where somebody wants to look at it: in the directory that
+    /// `TESSEL_PICTURES` names.
+    void keepPicture(const std::string& name)
+    {
+        const char* directory = std::getenv("TESSEL_PICTURES");
+        if (directory == nullptr)
+            return;
+        std::ostringstream manager;
+        manager << GetParam();
+        writePng(desktop_.pixels().readQuietScreen(),
+                 std::filesystem::path(directory) / (manager.str() + "-" + name + ".png"));
+    }
+
+    /// Opens the panel beside the pointer at `place` until it is at its place inside `visible`: the program
+    /// may not have heard yet of what has changed.
+    void awaitOpeningInside(const Frame& visible, Place place)
+    {
+        desktop_.pointer().moveTo(place);
+        const auto expected = Panel::frameBeside(place, 0, visible);
+        desktop_.connection().waitUntil("the panel to open at " + expected.description(), [&] {
+            program_->openPanel();
+            // A window manager may place it once more after it is on the screen.
+            desktop_.pixels().readQuietScreen();
+            const bool isThere = program_->panel().find().value().frame == expected;
+            program_->closePanel();
+            return isThere;
+        });
+    }
+
+    /// Presses Alt+Tab while the panel is open. Alt stays down until the window manager has seen the keys.
+    void switchByKeys()
+    {
+        desktop_.keyboard().press(XKB_KEY_Alt_L);
+        desktop_.keyboard().tap(XKB_KEY_Tab);
+        desktop_.connection().waitUntil("the window manager to switch", [&] {
+            return !program_->panel().isOpen() || desktop_.keyboard().isGrabbed();
+        });
+        desktop_.keyboard().release(XKB_KEY_Alt_L);
     }
 
     /// Clicks into a client's window, beside the panel.
@@ -252,6 +297,133 @@ TEST_P(WindowManagerTest, ADragOfItsBackgroundMovesIt)
     EXPECT_EQ(panel.frame.height, before.frame.height);
     program_->closePanel();
     waitForFocus(editor);
+}
+
+TEST_P(WindowManagerTest, TheArrowsAndReturnPasteWithPictures)
+{
+    TextClient target(desktop_, TextClientKind::gtk);
+    copyTexts({"First text", "Second text", "Third text"});
+    target.activate();
+    desktop_.pointer().moveTo({300, 200});
+    program_->openPanel();
+    const auto first = program_->panel().picture();
+    keepPicture("1-open");
+    desktop_.keyboard().tap(XKB_KEY_Down);
+    program_->panel().waitUntilItDiffersFrom(first);
+    const auto second = program_->panel().picture();
+    desktop_.keyboard().tap(XKB_KEY_Down);
+    program_->panel().waitUntilItDiffersFrom(second);
+    desktop_.keyboard().tap(XKB_KEY_Up);
+    keepPicture("2-second-chosen");
+    desktop_.keyboard().tap(XKB_KEY_Return);
+    expectPastedOnce(target, "Second text");
+    keepPicture("3-pasted");
+}
+
+TEST_P(WindowManagerTest, ADoubleClickPastes)
+{
+    TextClient target(desktop_, TextClientKind::gtk);
+    copyTexts({"A", "B", "C"});
+    target.activate();
+    SelectionWatch clipboard(desktop_.displayName());
+    const auto panel = program_->openPanel().frame;
+    // In the second of three rows, right of its text.
+    desktop_.pointer().moveTo({panel.x + 300, panel.y + 185});
+    desktop_.pointer().click();
+    desktop_.pointer().click();
+    program_->panel().waitUntilClosed();
+    clipboard.waitForMoreThan(0);
+    expectPastedOnce(target, "B");
+}
+
+TEST_P(WindowManagerTest, AnotherApplicationThatIsActivatedByTheKeyboardHidesIt)
+{
+    // With only one window there is nothing to switch to, some window managers say.
+    TextClient other(desktop_, TextClientKind::gtk);
+    TextClient editor(desktop_, TextClientKind::gtk);
+    program_->openPanel();
+    // Not every window manager here has a key for that; a task bar that is used by keys does the same.
+    if (WindowManager::switchesByKeys(GetParam()))
+        switchByKeys();
+    else
+        editor.activate();
+    program_->panel().waitUntilClosed();
+    waitForFocus(editor);
+    desktop_.keyboard().type("x");
+    editor.waitForText("x");
+    // The same panel is shown again.
+    program_->openPanel();
+    program_->closePanel();
+    waitForFocus(editor);
+}
+
+TEST_P(WindowManagerTest, ACaptureNearTheBottomEdgeLetsItGrowUpwards)
+{
+    TextClient editor(desktop_, TextClientKind::gtk);
+    const int y = desktop_.screen().height - 40;
+    const std::array places{Place{500, y}, Place{490, y}};
+    desktop_.pointer().moveTo(places[0]);
+    program_->openPanel();
+    ClipboardOwner owner(desktop_.displayName());
+    std::size_t count = 0;
+    for (const auto* text : {"A", "B", "C", "D", "E", "F"}) {
+        // To the left and back, so that every capture is seen by the panel's move.
+        const auto place = places.at(++count % places.size());
+        desktop_.pointer().moveTo(place);
+        owner.copyText(text);
+        program_->panel().waitForFrame(Panel::frameBeside(place, count, desktop_.screen()));
+    }
+    keepPicture("4-grown-at-the-bottom");
+    program_->closePanel();
+    waitForFocus(editor);
+}
+
+TEST_P(WindowManagerTest, ItOpensOverAFullScreenWindow)
+{
+    if (!hasWindowManager())
+        return; // Nobody gives a window the whole screen.
+    TextClient editor(desktop_, TextClientKind::gtk);
+    copyTexts({"A", "B"});
+    editor.activate();
+    desktop_.windows().makeFullScreen(editor.window());
+    const auto panel = program_->openPanel();
+    EXPECT_TRUE(isAbove(panel.window, editor.window()));
+    // All of it is seen, from its first row to its last one.
+    for (const int y : {panel.frame.y + 2, panel.frame.y + panel.frame.height - 3})
+        desktop_.connection().waitUntil("the panel's edges before the editor", [&] {
+            return desktop_.pixels().at(panel.frame.x + Panel::width / 2, y) !=
+                   desktop_.pixels().at(panel.frame.x - 10, y);
+        });
+    keepPicture("6-over-a-full-screen-window");
+    desktop_.keyboard().tap(XKB_KEY_Return);
+    expectPastedOnce(editor, "B");
+    // i3 takes the whole screen away from a window when another one gets the focus.
+    if (GetParam() == WindowManagerChoice::i3)
+        return;
+    EXPECT_THAT(desktop_.windows().atomNames(editor.window(), "_NET_WM_STATE"),
+                Contains("_NET_WM_STATE_FULLSCREEN"));
+}
+
+TEST_P(WindowManagerTest, ItOpensOnTheMonitorUnderThePointer)
+{
+    const Frame left{0, 0, 640, 1024};
+    const Frame right{640, 0, 640, 900};
+    Monitors(desktop_).set({{"left", left}, {"right", right}});
+    TextClient editor(desktop_, TextClientKind::gtk);
+    awaitOpeningInside(right, {1200, 880});
+    awaitOpeningInside(left, {630, 300});
+    awaitOpeningInside(right, {645, 300});
+}
+
+TEST_P(WindowManagerTest, ItStaysClearOfADock)
+{
+    const Dock dock(desktop_.displayName(), ScreenEdge::bottom, {0, 974, 1280, 50});
+    TextClient editor(desktop_, TextClientKind::gtk);
+    awaitOpeningInside({0, 0, 1280, 974}, {400, 990});
+    desktop_.pointer().moveTo({400, 900});
+    program_->openPanel();
+    keepPicture("5-above-a-dock");
+    program_->closePanel();
 }
 
 class StartTest : public WindowManagerTest {

@@ -10,6 +10,7 @@
 #include "Desktop/QtMainQueue.h"
 #include "Desktop/SessionBusControl.h"
 #include "Desktop/SystemClock.h"
+#include "Desktop/TerminationSignals.h"
 #include "X11/Selections/X11Pasteboard.h"
 #include "X11/X11Room.h"
 
@@ -61,6 +62,7 @@ struct Backend::Parts {
               .loginItem = nullptr,
               .makeUpdater = {},
           })
+        , terminationSignals([application = x11.application] { application->terminate(); })
     {}
 
     std::shared_ptr<QtMainQueue> queue;
@@ -68,6 +70,7 @@ struct Backend::Parts {
     std::shared_ptr<X11Pasteboard> pasteboard;
     X11Room x11;
     Platform platform;
+    TerminationSignals terminationSignals;
 };
 
 Backend::Backend(Rules rules)

@@ -2,9 +2,12 @@
 
 #include <utility>
 
+#include <QtCore/QEvent>
+#include <QtGui/QWindow>
+
 #include "Panel/ClipboardPanelView.h"
 #include "Panel/PanelArtwork.h"
-#include "Panel/ScreenSpace.h"
+#include "ScreenSpace.h"
 
 namespace tessel {
 
@@ -77,6 +80,7 @@ void ClipboardPanelController::configure(const PanelDescription& description, Cl
     for (const PanelConfigurationStep& step : description.configuration)
         std::visit(configuration, step);
     nativeWindows_.preparePanel(handle(), configuration.traits());
+    window_->windowHandle()->installEventFilter(this);
 }
 
 NativeWindowHandle ClipboardPanelController::handle() const
@@ -111,7 +115,7 @@ QRect ClipboardPanelController::geometry() const
 
 Rect ClipboardPanelController::frame() const
 {
-    return screenSpace::fromToolkit(geometry());
+    return screenSpace::toSeam(geometry());
 }
 
 void ClipboardPanelController::setContentSize(Size size)
@@ -127,20 +131,34 @@ void ClipboardPanelController::setFrameOrigin(Point origin)
 
 void ClipboardPanelController::setGeometry(const QRect& geometry)
 {
-    const bool isScheduled = nextGeometry_.has_value();
+    const bool isWaiting = nextGeometry_.has_value();
     nextGeometry_ = geometry;
     if (!window_->isVisible())
-        return applyGeometry();
-    if (isScheduled)
-        return;
+        applyGeometry();
+    else if (!isWaiting)
+        scheduleGeometry();
+}
+
+void ClipboardPanelController::scheduleGeometry()
+{
     QMetaObject::invokeMethod(
         this, [this] { applyGeometry(); }, Qt::QueuedConnection);
 }
 
 void ClipboardPanelController::applyGeometry()
 {
+    // A window manager that is still placing the window would put it back to where it was shown.
+    if (window_->isVisible() && !window_->windowHandle()->isExposed())
+        return;
     if (const auto geometry = std::exchange(nextGeometry_, std::nullopt))
         window_->setGeometry(*geometry);
+}
+
+bool ClipboardPanelController::eventFilter(QObject*, QEvent* event)
+{
+    if (event->type() == QEvent::Expose && nextGeometry_)
+        scheduleGeometry();
+    return false;
 }
 
 void ClipboardPanelController::activityDidChange()

@@ -45,10 +45,13 @@ private:
     };
 
     void configure(const PanelDescription& description, ClipboardPanelView* view);
+    bool eventFilter(QObject* object, QEvent* event) override;
     NativeWindowHandle handle() const;
     QRect geometry() const;
     /// Size and place reach a visible window together, on the next turn, so that it does not flicker.
     void setGeometry(const QRect& geometry);
+    void scheduleGeometry();
+    /// Does nothing while the window is on its way to the screen.
     void applyGeometry();
     void activityDidChange();
 

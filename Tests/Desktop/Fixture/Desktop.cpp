@@ -1,6 +1,7 @@
 #include "Desktop.h"
 
 #include <array>
+#include <cmath>
 #include <cstdlib>
 
 namespace tessel::desktop {
@@ -51,6 +52,7 @@ Desktop::Desktop(DesktopOptions options)
         environment_["DBUS_SESSION_BUS_ADDRESS"] = "unix:path=" + (directory_.path() / "no-bus").string();
     }
     connection_.emplace(display_->name());
+    applyScale();
     if (options_.windowManager != WindowManagerChoice::none)
         windowManager_.emplace(options_.windowManager, *connection_, directory_, environment_);
     if (options_.compositor == CompositorChoice::picom)
@@ -60,6 +62,23 @@ Desktop::Desktop(DesktopOptions options)
     windows_.emplace(*connection_);
     pixels_.emplace(*connection_);
     pixels_->paintBackground(backgroundColour);
+}
+
+void Desktop::applyScale()
+{
+    if (options_.scale == 1)
+        return;
+    if (options_.scaleSource == ScaleSource::toolkitVariable) {
+        environment_["QT_SCALE_FACTOR"] = std::to_string(options_.scale);
+        return;
+    }
+    constexpr double usualResolution = 96;
+    const auto resources =
+        "Xft.dpi:\t" + std::to_string(std::lround(usualResolution * options_.scale)) + "\n";
+    xcb_change_property(connection_->get(), XCB_PROP_MODE_REPLACE, connection_->root(),
+                        XCB_ATOM_RESOURCE_MANAGER, XCB_ATOM_STRING, 8,
+                        static_cast<std::uint32_t>(resources.size()), resources.data());
+    connection_->synchronize();
 }
 
 void Desktop::startCompositor()

@@ -20,12 +20,18 @@ namespace tessel::desktop {
 
 enum class BusChoice { sessionBus, none };
 enum class CompositorChoice { none, picom };
+/// Where the scale of a desktop is said: `QT_SCALE_FACTOR`, or the resolution of fonts (`Xft.dpi` of the
+/// resources that desktops set).
+enum class ScaleSource { toolkitVariable, fontResolution };
 
 struct DesktopOptions {
     Extent screen{1280, 1024};
     BusChoice bus = BusChoice::sessionBus;
     CompositorChoice compositor = CompositorChoice::none;
     WindowManagerChoice windowManager = WindowManagerChoice::openbox;
+    /// Pixels for each point.
+    double scale = 1;
+    ScaleSource scaleSource = ScaleSource::toolkitVariable;
 };
 
 /// A complete desktop of its own: a virtual X server, a session bus, a window manager, an empty home
@@ -49,6 +55,8 @@ public:
     /// The process of the X server.
     pid_t serverProcess() const { return display_->process(); }
     Extent screen() const { return options_.screen; }
+    /// Pixels for each point, as programs are started.
+    double scale() const { return options_.scale; }
 
     XConnection& connection() { return *connection_; }
     Keyboard& keyboard() { return *keyboard_; }
@@ -57,6 +65,7 @@ public:
     Pixels& pixels() { return *pixels_; }
 
 private:
+    void applyScale();
     void startCompositor();
 
     DesktopOptions options_;

@@ -113,6 +113,19 @@ bool Keyboard::isGrabbed(KeySymbol symbol, std::uint16_t modifiers) const
     return own(xcb_request_check(connection, cookie)) != nullptr;
 }
 
+bool Keyboard::isGrabbed() const
+{
+    auto* connection = connection_.get();
+    xcb_grab_server(connection);
+    const auto cookie = xcb_grab_keyboard(connection, 0, connection_.root(), XCB_CURRENT_TIME,
+                                          XCB_GRAB_MODE_ASYNC, XCB_GRAB_MODE_ASYNC);
+    // Without effect if the grab is another client's.
+    xcb_ungrab_keyboard(connection, XCB_CURRENT_TIME);
+    xcb_ungrab_server(connection);
+    const auto reply = own(xcb_grab_keyboard_reply(connection, cookie, nullptr));
+    return reply && reply->status == XCB_GRAB_STATUS_ALREADY_GRABBED;
+}
+
 void Keyboard::fake(std::uint8_t eventType, xcb_keycode_t code)
 {
     xcb_test_fake_input(connection_.get(), eventType, code, XCB_CURRENT_TIME, XCB_WINDOW_NONE, 0, 0, 0);

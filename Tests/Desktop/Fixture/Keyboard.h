@@ -40,6 +40,8 @@ public:
     xcb_keycode_t keyCode(KeySymbol symbol) const;
     /// True if some client has grabbed this key with these modifiers (a mask of the core protocol).
     bool isGrabbed(KeySymbol symbol, std::uint16_t modifiers) const;
+    /// True if some client has grabbed the whole keyboard.
+    bool isGrabbed() const;
 
 private:
     /// A key, and whether Shift is needed for the symbol.

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <array>
+#include <cmath>
 
 namespace tessel::desktop {
 
@@ -12,8 +13,9 @@ Panel::Panel(Desktop& desktop, pid_t program)
 
 std::optional<WindowFacts> Panel::find() const
 {
-    return desktop_.windows().find([this](const WindowFacts& window) {
-        return window.isViewable && window.processIdentifier == program_ && window.frame.width == width;
+    const auto pixels = static_cast<int>(std::lround(width * desktop_.scale()));
+    return desktop_.windows().find([&](const WindowFacts& window) {
+        return window.isViewable && window.processIdentifier == program_ && window.frame.width == pixels;
     });
 }
 
@@ -97,7 +99,9 @@ bool Panel::isPainted() const
     const auto panel = find();
     if (!panel)
         return false;
-    const auto header = desktop_.pixels().read({panel->frame.x, panel->frame.y, width / 2, headerHeight});
+    const auto height = static_cast<int>(headerHeight * desktop_.scale());
+    const auto header =
+        desktop_.pixels().read({panel->frame.x, panel->frame.y, panel->frame.width / 2, height});
     return std::any_of(header.pixels.begin(), header.pixels.end(), [](const Colour& colour) {
         return std::min({colour[0], colour[1], colour[2]}) >= nearlyWhite;
     });
@@ -109,13 +113,22 @@ int Panel::heightFor(std::size_t entryCount)
     return heights[std::min(entryCount, heights.size() - 1)];
 }
 
-Frame Panel::frameBeside(Place pointer, std::size_t entryCount, Extent screen)
+Frame Panel::frameBeside(Place pointer, std::size_t entryCount, const Frame& visible, double scale)
 {
     constexpr int offset = 12;
-    const int height = heightFor(entryCount);
-    const int x = std::min(pointer.x + offset, screen.width - width);
-    const int y = std::min(pointer.y + offset, screen.height - height);
-    return {x, y, width, height};
+    const auto pixels = [scale](int points) { return static_cast<int>(std::lround(points * scale)); };
+    const int height = pixels(heightFor(entryCount));
+    const int right = visible.x + visible.width - pixels(width);
+    const int bottom = visible.y + visible.height - height;
+    // A panel that is larger than what is visible keeps its right and its top edge inside.
+    const int x = std::min(std::max(pointer.x + pixels(offset), visible.x), right);
+    const int y = std::max(std::min(pointer.y + pixels(offset), bottom), visible.y);
+    return {x, y, pixels(width), height};
+}
+
+Frame Panel::frameBeside(Place pointer, std::size_t entryCount, Extent screen)
+{
+    return frameBeside(pointer, entryCount, Frame{0, 0, screen.width, screen.height});
 }
 
 } // namespace tessel::desktop

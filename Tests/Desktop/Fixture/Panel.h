@@ -11,7 +11,7 @@ namespace tessel::desktop {
 /// The history panel of a running program, as it is seen from the outside.
 class Panel {
 public:
-    /// In pixels.
+    /// In points.
     static constexpr int width = 460;
 
     Panel(Desktop& desktop, pid_t program);
@@ -29,9 +29,12 @@ public:
     /// What is to be seen where it is; it must be open and inside the screen.
     Picture picture() const;
 
-    /// The panel's height for a number of entries, in pixels.
+    /// The panel's height for a number of entries, in points.
     static int heightFor(std::size_t entryCount);
-    /// The panel's frame beside a pointer on a screen without docks.
+    /// The panel's frame beside a pointer, inside what is visible of a screen. With a scale that is not whole
+    /// its edges may lie a pixel off.
+    static Frame frameBeside(Place pointer, std::size_t entryCount, const Frame& visible, double scale = 1);
+    /// The same on a screen without docks.
     static Frame frameBeside(Place pointer, std::size_t entryCount, Extent screen);
 
 private:

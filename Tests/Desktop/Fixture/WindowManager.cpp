@@ -4,14 +4,16 @@ namespace tessel::desktop {
 
 namespace {
 
-/// New windows get the focus and a click raises: what people have. No key bindings, so that every key reaches
-/// the programs under test.
+/// New windows get the focus and a click raises: what people have. One key binding,
+/// so that every other key reaches the programs under test.
 constexpr std::string_view openboxConfiguration = R"(<?xml version="1.0" encoding="UTF-8"?>
 <openbox_config xmlns="http://openbox.org/3.4/rc">
   <focus><focusNew>yes</focusNew><followMouse>no</followMouse></focus>
   <placement><policy>Smart</policy><center>yes</center></placement>
   <desktops><number>2</number><popupTime>0</popupTime></desktops>
-  <keyboard></keyboard>
+  <keyboard>
+    <keybind key="A-Tab"><action name="NextWindow"><dialog>none</dialog></action></keybind>
+  </keyboard>
   <mouse>
     <context name="Client">
       <mousebind button="Left" action="Press"><action name="Focus"/><action name="Raise"/></mousebind>
@@ -24,7 +26,8 @@ constexpr std::string_view openboxConfiguration = R"(<?xml version="1.0" encodin
 )";
 
 /// A window of every kind takes its place in the tiling unless it says that it floats. No bar.
-constexpr std::string_view i3Configuration = "# i3 config file (v4)\nfont pango:monospace 8\n";
+constexpr std::string_view i3Configuration =
+    "# i3 config file (v4)\nfont pango:monospace 8\nbindsym Mod1+Tab focus mode_toggle\n";
 
 /// Without animations, which only take time here.
 constexpr std::string_view kwinGlobalConfiguration = "[KDE]\nAnimationDurationFactor=0\n";
@@ -103,6 +106,11 @@ WindowManager::WindowManager(WindowManagerChoice choice, XConnection& connection
     if (composites(choice))
         connection.waitUntil(process_.name() + " to composite the screen",
                              [&] { return connection.selectionOwner("_NET_WM_CM_S0") != XCB_WINDOW_NONE; });
+}
+
+bool WindowManager::switchesByKeys(WindowManagerChoice choice)
+{
+    return choice == WindowManagerChoice::openbox || choice == WindowManagerChoice::i3;
 }
 
 bool WindowManager::isRunning(XConnection& connection)

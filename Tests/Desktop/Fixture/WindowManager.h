@@ -13,7 +13,7 @@ enum class WindowManagerChoice { none, openbox, xfwm4, i3, kwin };
 /// For the names of tests.
 std::ostream& operator<<(std::ostream& stream, WindowManagerChoice choice);
 
-/// A window manager with a small configuration of its own and no key bindings.
+/// A window manager with a small configuration of its own and hardly a key binding.
 class WindowManager {
 public:
     /// Starts one, which must not be `none`, and returns when it manages the screen
@@ -21,6 +21,8 @@ public:
     WindowManager(WindowManagerChoice choice, XConnection& connection, const TemporaryDirectory& directory,
                   const Environment& environment);
 
+    /// Does Alt+Tab activate the other application? It is the only key that window managers have here.
+    static bool switchesByKeys(WindowManagerChoice choice);
     /// Does any window manager manage the screen?
     static bool isRunning(XConnection& connection);
 

@@ -149,17 +149,36 @@ void WindowSearch::activate(xcb_window_t window) const
         connection_.waitUntil("the window to have the focus", [&] { return hasFocus(window); });
         return;
     }
+    requestOfWindowManager(window, "_NET_ACTIVE_WINDOW", {sourceIsPager});
+    connection_.waitUntil("the window to become active",
+                          [&] { return activeWindow() == window && hasFocus(window); });
+}
+
+void WindowSearch::makeFullScreen(xcb_window_t window) const
+{
+    constexpr std::uint32_t add = 1;
+    requestOfWindowManager(window, "_NET_WM_STATE",
+                           {add, connection_.atom("_NET_WM_STATE_FULLSCREEN"), 0, sourceIsPager});
+    const auto& screen = connection_.screen();
+    const Frame whole{0, 0, screen.width_in_pixels, screen.height_in_pixels};
+    connection_.waitUntil("the window to have the whole screen", [&] {
+        const auto now = facts(window);
+        return now && now->frame == whole;
+    });
+}
+
+void WindowSearch::requestOfWindowManager(xcb_window_t window, std::string_view request,
+                                          const std::array<std::uint32_t, 5>& details) const
+{
     xcb_client_message_event_t message{};
     message.response_type = XCB_CLIENT_MESSAGE;
     message.format = 32;
     message.window = window;
-    message.type = connection_.atom("_NET_ACTIVE_WINDOW");
-    message.data.data32[0] = sourceIsPager;
+    message.type = connection_.atom(request);
+    std::copy(details.begin(), details.end(), message.data.data32);
     xcb_send_event(connection_.get(), 0, connection_.root(),
                    XCB_EVENT_MASK_SUBSTRUCTURE_NOTIFY | XCB_EVENT_MASK_SUBSTRUCTURE_REDIRECT,
                    reinterpret_cast<const char*>(&message));
-    connection_.waitUntil("the window to become active",
-                          [&] { return activeWindow() == window && hasFocus(window); });
 }
 
 std::vector<std::string> WindowSearch::atomNames(xcb_window_t window, std::string_view property) const

@@ -2,6 +2,7 @@
 
 #include <sys/types.h>
 
+#include <array>
 #include <cstdint>
 #include <functional>
 #include <optional>
@@ -65,10 +66,15 @@ public:
     /// Makes the window manager activate a window, as a task bar does, and returns when it is active. Where
     /// there is no window manager it gets the focus itself.
     void activate(xcb_window_t window) const;
+    /// Asks the window manager to give a window the whole screen (EWMH, `_NET_WM_STATE_FULLSCREEN`), and
+    /// returns when it has it.
+    void makeFullScreen(xcb_window_t window) const;
     /// The names of the atoms in a property such as `_NET_WM_STATE`.
     std::vector<std::string> atomNames(xcb_window_t window, std::string_view property) const;
 
 private:
+    void requestOfWindowManager(xcb_window_t window, std::string_view request,
+                                const std::array<std::uint32_t, 5>& details) const;
     void collect(xcb_window_t parent, int depth, std::vector<WindowFacts>& found) const;
 
     XConnection& connection_;

@@ -13,6 +13,23 @@ namespace {
 template <class Desktop>
 class NativeWindowTests : public Desktop {
 protected:
+    /// Waits until the room has had the answers to all that it has asked the server, and the server has done
+    /// what followed from them.
+    bool everythingIsAnswered()
+    {
+        bool isDone = false;
+        const auto owner = std::make_shared<char>();
+        auto& connection = *this->room.connection;
+        connection.template whenReplied<xcb_get_input_focus_reply_t>(
+            xcb_get_input_focus(connection.raw()), owner, [&](const auto*) { isDone = true; });
+        if (!waitUntil([&] { return isDone; }))
+            return false;
+        auto* raw = this->room.toolkitWindows->raw();
+        const X11Reply<xcb_get_input_focus_reply_t> reply(
+            xcb_get_input_focus_reply(raw, xcb_get_input_focus(raw), nullptr));
+        return reply != nullptr;
+    }
+
     std::vector<std::uint32_t> property(xcb_window_t window, xcb_atom_t name)
     {
         auto* raw = this->room.connection->raw();
@@ -159,11 +176,49 @@ TEST_F(X11NativeWindowsBareTests, aFocusThatWentElsewhereStaysThereWhenThePanelI
     ASSERT_TRUE(waitUntil([&] { return room.toolkitWindows->focusedWindow() == panel.id(); }));
     second.takeFocus();
     ASSERT_TRUE(waitUntil([&] { return second.hasFocus(); }));
+    bool isUnmapped = false;
+    const Token token = room.toolkitWindows->observeUnmapping([&](xcb_window_t) { isUnmapped = true; });
     panel.hide();
-    // What the panel's end asked for has come to pass once the server answers again.
-    room.connection->currentServerTime();
+    ASSERT_TRUE(waitUntil([&] { return isUnmapped; }));
+    ASSERT_TRUE(everythingIsAnswered());
     second.synchronize();
     EXPECT_TRUE(second.hasFocus());
+}
+
+TEST_F(X11NativeWindowsBareTests, aPanelThatIsHiddenAtOnceDoesNotTakeTheFocus)
+{
+    OtherWindow other;
+    other.show();
+    other.takeFocus();
+    ASSERT_TRUE(waitUntil([&] { return other.hasFocus(); }));
+    TestPanel panel;
+    panel.prepare(room);
+    panel.open(room);
+    panel.hide();
+    ASSERT_TRUE(everythingIsAnswered());
+    other.synchronize();
+    EXPECT_TRUE(other.hasFocus());
+}
+
+TEST_F(X11NativeWindowsBareTests, aPanelThatFollowsAnotherAtOnceGivesTheFocusBackToWhoHadItFirst)
+{
+    OtherWindow other;
+    other.show();
+    other.takeFocus();
+    ASSERT_TRUE(waitUntil([&] { return other.hasFocus(); }));
+    TestPanel first;
+    first.prepare(room);
+    room.userTime->note(*room.connection->currentServerTime());
+    first.open(room);
+    ASSERT_TRUE(
+        waitUntil([&] { return room.toolkitWindows->focusedWindow() == first.id() && !other.hasFocus(); }));
+    TestPanel second;
+    second.prepare(room);
+    first.hide();
+    second.open(room);
+    ASSERT_TRUE(waitUntil([&] { return room.toolkitWindows->focusedWindow() == second.id(); }));
+    second.hide();
+    EXPECT_TRUE(waitUntil([&] { return other.hasFocus(); }));
 }
 
 TEST_F(X11NativeWindowsBareTests, aCompositingManagerIsNoticedAsItComesAndGoes)

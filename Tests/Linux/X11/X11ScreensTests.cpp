@@ -29,6 +29,26 @@ TEST_F(X11ScreensBareTests, thePointerIsMeasuredFromTheBottomLeftCorner)
     EXPECT_EQ(room.screens->mouseLocation(), (Point{1279, 1}));
 }
 
+TEST_F(X11ScreensBareTests, withoutAWindowManagerDocksAreFoundAllTheSame)
+{
+    const auto visible = [this] { return room.screens->screens().front().visibleFrame; };
+    OtherWindow noDock;
+    noDock.show();
+    {
+        OtherWindow dock("Dock");
+        dock.becomeDock({0, 0, 30, 0, 0, 0, 0, 0, 0, 1279, 0, 0});
+        dock.show();
+        EXPECT_TRUE(waitUntil([&] { return visible() == Rect{{0, 0}, {1280, 994}}; }));
+        dock.becomeDock({0, 0, 0, 50, 0, 0, 0, 0, 0, 0, 0, 1279});
+        EXPECT_TRUE(waitUntil([&] { return visible() == Rect{{0, 50}, {1280, 974}}; }));
+        // One that was there before is found, too.
+        room = {};
+        SetUp();
+        EXPECT_TRUE(waitUntil([&] { return visible() == Rect{{0, 50}, {1280, 974}}; }));
+    }
+    EXPECT_TRUE(waitUntil([&] { return visible() == wholeScreen; }));
+}
+
 TEST_F(X11ScreensManagedTests, aDocksStrutIsNotVisibleAsLongAsTheDockIsThere)
 {
     const auto visible = [this] { return room.screens->screens().front().visibleFrame; };

@@ -16,13 +16,17 @@ constexpr std::uint32_t windowPropertyUnits = 32;
 
 } // namespace
 
-DockStruts::DockStruts(std::shared_ptr<X11Connection> connection)
+DockStruts::DockStruts(std::shared_ptr<X11Connection> connection,
+                       std::shared_ptr<WindowManager> windowManager)
     : connection_(std::move(connection))
+    , windowManager_(std::move(windowManager))
 {
     if (!connection_->isAlive())
         return;
     events_ = connection_->observeEvents([this](const xcb_generic_event_t& event) { follow(event); });
+    manager_ = windowManager_->observeManager([this] { followManager(); });
     refreshClientList();
+    followManager();
 }
 
 std::vector<Strut> DockStruts::struts() const
@@ -36,9 +40,27 @@ std::vector<Strut> DockStruts::struts() const
 
 void DockStruts::follow(const xcb_generic_event_t& event)
 {
-    if (eventKind(event) != XCB_PROPERTY_NOTIFY)
+    switch (eventKind(event)) {
+    case XCB_PROPERTY_NOTIFY:
+        return followProperty(eventAs<xcb_property_notify_event_t>(event));
+    case XCB_MAP_NOTIFY:
+        if (everyWindow_)
+            consider(eventAs<xcb_map_notify_event_t>(event).window);
         return;
-    const auto& changed = eventAs<xcb_property_notify_event_t>(event);
+    case XCB_REPARENT_NOTIFY: // Into the frame of a window manager.
+        if (everyWindow_)
+            consider(eventAs<xcb_reparent_notify_event_t>(event).window);
+        return;
+    case XCB_DESTROY_NOTIFY:
+        windows_.erase(eventAs<xcb_destroy_notify_event_t>(event).window);
+        return;
+    default:
+        return;
+    }
+}
+
+void DockStruts::followProperty(const xcb_property_notify_event_t& changed)
+{
     const X11Atoms& atoms = connection_->atoms();
     if (changed.window == connection_->root()) {
         if (changed.atom == atoms.netClientList)
@@ -51,6 +73,42 @@ void DockStruts::follow(const xcb_generic_event_t& event)
     const bool isStrut = changed.atom == atoms.netWindowStrut || changed.atom == atoms.netWindowStrutPartial;
     if (isStrut && windows_.contains(changed.window))
         refreshWindow(changed.window);
+}
+
+void DockStruts::followManager()
+{
+    if (windowManager_->maintainsWorkArea()) {
+        everyWindow_ = {};
+        std::erase_if(windows_, [](const auto& entry) { return !entry.second.isListed; });
+    } else if (!everyWindow_) {
+        everyWindow_ = connection_->selectEvents(connection_->root(), XCB_EVENT_MASK_SUBSTRUCTURE_NOTIFY);
+        constexpr int rootAndFrames = 2;
+        search(connection_->root(), rootAndFrames);
+    }
+    connection_->flush();
+}
+
+void DockStruts::search(xcb_window_t parent, int depth)
+{
+    if (depth == 0)
+        return;
+    connection_->whenReplied<xcb_query_tree_reply_t>(
+        xcb_query_tree(connection_->raw(), parent), lifetime_, [this, depth](const auto* reply) {
+            if (reply == nullptr || !everyWindow_)
+                return;
+            const xcb_window_t* children = xcb_query_tree_children(reply);
+            for (int index = 0; index < xcb_query_tree_children_length(reply); ++index) {
+                consider(children[index]);
+                search(children[index], depth - 1);
+            }
+            connection_->flush();
+        });
+}
+
+void DockStruts::consider(xcb_window_t window)
+{
+    if (windows_.try_emplace(window).second)
+        refreshWindow(window);
 }
 
 void DockStruts::refreshClientList()
@@ -67,11 +125,13 @@ void DockStruts::adoptClientList(const xcb_get_property_reply_t* reply)
 {
     const auto clients = unitsOf(reply);
     std::erase_if(windows_, [&](const auto& entry) {
-        return std::find(clients.begin(), clients.end(), entry.first) == clients.end();
+        return entry.second.isListed &&
+               std::find(clients.begin(), clients.end(), entry.first) == clients.end();
     });
-    for (const xcb_window_t window : clients)
-        if (windows_.try_emplace(window).second)
-            refreshWindow(window);
+    for (const xcb_window_t window : clients) {
+        consider(window);
+        windows_[window].isListed = true;
+    }
 }
 
 void DockStruts::refreshEveryWindow()
@@ -112,10 +172,15 @@ void DockStruts::requestUnits(xcb_window_t window, xcb_atom_t property,
 
 void DockStruts::watchIfDock(xcb_window_t window, Window& entry)
 {
-    const bool reserves = strutFromProperties(entry.partial, entry.whole).has_value();
-    if ((!entry.isDock && !reserves) || entry.selection)
+    const bool isOfInterest = entry.isDock || strutFromProperties(entry.partial, entry.whole);
+    if (!isOfInterest && !entry.isListed) {
+        windows_.erase(window);
         return;
-    entry.selection = connection_->selectEvents(window, XCB_EVENT_MASK_PROPERTY_CHANGE);
+    }
+    if (!isOfInterest || entry.selection)
+        return;
+    entry.selection =
+        connection_->selectEvents(window, XCB_EVENT_MASK_PROPERTY_CHANGE | XCB_EVENT_MASK_STRUCTURE_NOTIFY);
     // It may have changed between the reading and the selection.
     refreshWindow(window);
 }

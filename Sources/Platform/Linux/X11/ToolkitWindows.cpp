@@ -1,5 +1,6 @@
 #include "X11/ToolkitWindows.h"
 
+#include <algorithm>
 #include <utility>
 
 #include <QtCore/QEvent>
@@ -70,6 +71,11 @@ bool ToolkitWindows::owns(xcb_window_t window) const
     return raw_ != nullptr && window != noWindow && (window & ~resourceMask_) == resourceBase_;
 }
 
+bool ToolkitWindows::isShown(xcb_window_t window) const
+{
+    return std::find(shown_.begin(), shown_.end(), window) != shown_.end();
+}
+
 Token ToolkitWindows::observeFocus(std::function<void()> didChange)
 {
     return focusObservers_.add(std::move(didChange));
@@ -80,14 +86,14 @@ Token ToolkitWindows::observeShowing(std::function<void(xcb_window_t, QPoint)> w
     return showingObservers_.add(std::move(willShow));
 }
 
-Token ToolkitWindows::observeHiding(std::function<void(xcb_window_t)> didHide)
-{
-    return hidingObservers_.add(std::move(didHide));
-}
-
 Token ToolkitWindows::observeMapping(std::function<void(xcb_window_t)> didMap)
 {
     return mappingObservers_.add(std::move(didMap));
+}
+
+Token ToolkitWindows::observeUnmapping(std::function<void(xcb_window_t)> didUnmap)
+{
+    return unmappingObservers_.add(std::move(didUnmap));
 }
 
 bool ToolkitWindows::eventFilter(QObject* object, QEvent* event)
@@ -123,7 +129,6 @@ void ToolkitWindows::windowIsHidden(const QWindow& window)
     if (focused_ == id)
         focused_.reset();
     focusObservers_.tell();
-    hidingObservers_.tell(id);
 }
 
 bool ToolkitWindows::nativeEventFilter(const QByteArray&, void* message, qintptr*)
@@ -146,6 +151,8 @@ void ToolkitWindows::follow(const xcb_generic_event_t& event)
         return followFocus(eventAs<xcb_focus_in_event_t>(event));
     case XCB_MAP_NOTIFY:
         return mappingObservers_.tell(eventAs<xcb_map_notify_event_t>(event).window);
+    case XCB_UNMAP_NOTIFY:
+        return unmappingObservers_.tell(eventAs<xcb_unmap_notify_event_t>(event).window);
     case XCB_DESTROY_NOTIFY: {
         const xcb_window_t window = eventAs<xcb_destroy_notify_event_t>(event).window;
         std::erase(shown_, window);

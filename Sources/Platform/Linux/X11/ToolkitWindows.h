@@ -38,16 +38,18 @@ public:
     std::optional<xcb_window_t> focusedWindow() const { return focused_; }
     /// Our windows on screen that can have the focus, the most recently shown last.
     const std::vector<xcb_window_t>& shownWindows() const { return shown_; }
+    /// Is it one of the shown windows?
+    bool isShown(xcb_window_t window) const;
 
     /// Runs after `focusedWindow` has changed.
     Token observeFocus(std::function<void()> didChange);
     /// Runs when a window is about to be mapped, and says where its top left corner will be, in pixels: what
     /// is set now, the window manager reads.
     Token observeShowing(std::function<void(xcb_window_t, QPoint)> willShow);
-    /// Runs when the toolkit has asked the server to unmap a window.
-    Token observeHiding(std::function<void(xcb_window_t)> didHide);
     /// Runs when the server has mapped a window.
     Token observeMapping(std::function<void(xcb_window_t)> didMap);
+    /// Runs when the server has unmapped a window.
+    Token observeUnmapping(std::function<void(xcb_window_t)> didUnmap);
 
 private:
     bool eventFilter(QObject* object, QEvent* event) override;
@@ -69,8 +71,8 @@ private:
     std::vector<xcb_window_t> shown_;
     ObserverList<> focusObservers_;
     ObserverList<xcb_window_t, QPoint> showingObservers_;
-    ObserverList<xcb_window_t> hidingObservers_;
     ObserverList<xcb_window_t> mappingObservers_;
+    ObserverList<xcb_window_t> unmappingObservers_;
 };
 
 } // namespace tessel

@@ -62,6 +62,11 @@ Token WindowManager::observeActiveWindow(std::function<void()> didChange)
     return observers_.add(std::move(didChange));
 }
 
+Token WindowManager::observeManager(std::function<void()> didChange)
+{
+    return managerObservers_.add(std::move(didChange));
+}
+
 xcb_get_property_cookie_t WindowManager::requestRootProperty(xcb_atom_t property)
 {
     return xcb_get_property(connection_->raw(), 0, connection_->root(), property, XCB_ATOM_ANY, 0,
@@ -128,13 +133,18 @@ void WindowManager::adoptCheckWindow(xcb_window_t window)
     checkWindowEvents_ = connection_->selectEvents(window, XCB_EVENT_MASK_STRUCTURE_NOTIFY);
     connection_->flush();
     observers_.tell();
+    managerObservers_.tell();
 }
 
 void WindowManager::adoptSupported(const xcb_get_property_reply_t* reply)
 {
     const auto supported = unitsOf(reply);
-    supportsActiveWindow_ = std::find(supported.begin(), supported.end(),
-                                      connection_->atoms().netActiveWindow) != supported.end();
+    const auto isSupported = [&](xcb_atom_t hint) {
+        return std::find(supported.begin(), supported.end(), hint) != supported.end();
+    };
+    supportsActiveWindow_ = isSupported(connection_->atoms().netActiveWindow);
+    supportsWorkArea_ = isSupported(connection_->atoms().netWorkArea);
+    managerObservers_.tell();
 }
 
 void WindowManager::adoptActiveWindow(xcb_window_t window)

@@ -1,6 +1,6 @@
 #include "X11/X11Application.h"
 
-#include <algorithm>
+#include <cstdlib>
 #include <utility>
 
 #include <QtCore/QCoreApplication>
@@ -31,8 +31,10 @@ void X11Application::activate(IgnoringOtherApps)
 
 void X11Application::terminate()
 {
+    // Not `quit`, which asks every window to close and takes a panel's own way of closing for a refusal.
     if (auto* application = QCoreApplication::instance())
-        QMetaObject::invokeMethod(application, &QCoreApplication::quit, Qt::QueuedConnection);
+        QMetaObject::invokeMethod(
+            application, [] { QCoreApplication::exit(EXIT_SUCCESS); }, Qt::QueuedConnection);
 }
 
 Token X11Application::observeActivity(std::function<void()> didChange)
@@ -48,8 +50,7 @@ bool X11Application::hasActiveWindow() const
         return true;
     // With no window left to activate, openbox goes on announcing one that is gone.
     const auto active = windowManager_->activeWindow();
-    const auto& shown = toolkitWindows_->shownWindows();
-    return active && std::find(shown.begin(), shown.end(), *active) != shown.end();
+    return active && toolkitWindows_->isShown(*active);
 }
 
 void X11Application::update()

@@ -3,6 +3,7 @@
 #include <utility>
 #include <vector>
 
+#include <xcb/shape.h>
 #include <xcb/xfixes.h>
 
 #include "X11/FocusRequest.h"
@@ -27,7 +28,7 @@ X11NativeWindows::X11NativeWindows(std::shared_ptr<X11Connection> connection,
 {
     showing_ = toolkitWindows_->observeShowing(
         [this](xcb_window_t window, QPoint corner) { windowWillShow(window, corner); });
-    hiding_ = toolkitWindows_->observeHiding([this](xcb_window_t window) { windowDidHide(window); });
+    unmapping_ = toolkitWindows_->observeUnmapping([this](xcb_window_t window) { windowDidUnmap(window); });
     mapping_ = toolkitWindows_->observeMapping([this](xcb_window_t window) { windowDidMap(window); });
     followCompositingManager();
 }
@@ -138,33 +139,56 @@ void X11NativeWindows::requestFocus(xcb_window_t window)
 
 void X11NativeWindows::takeFocus(xcb_window_t window, xcb_timestamp_t time)
 {
-    if (const xcb_window_t focus = currentFocus(); focus != window)
+    // The window that has just gone may not have given its focus back yet: that is this one's task now.
+    if (focusBefore_ && !toolkitWindows_->isShown(focusBefore_->window))
+        focusBefore_->window = window;
+    whenFocusIsKnown([this, window, time](xcb_window_t focus) {
+        if (!toolkitWindows_->isShown(window))
+            return;
+        rememberFocus(window, focus);
+        raiseAndFocus(toolkitWindows_->raw(), window, time);
+        xcb_flush(toolkitWindows_->raw());
+    });
+}
+
+void X11NativeWindows::rememberFocus(xcb_window_t window, xcb_window_t focus)
+{
+    const bool isKnown = focusBefore_ && focusBefore_->window == window;
+    if (!isKnown && focus != window)
         focusBefore_ = {window, focus};
-    raiseAndFocus(toolkitWindows_->raw(), window, time);
 }
 
-xcb_window_t X11NativeWindows::currentFocus()
+void X11NativeWindows::whenFocusIsKnown(std::function<void(xcb_window_t)> handler)
 {
-    xcb_connection_t* raw = toolkitWindows_->raw();
-    const X11Reply<xcb_get_input_focus_reply_t> reply(
-        xcb_get_input_focus_reply(raw, xcb_get_input_focus(raw), nullptr));
-    return reply ? reply->focus : noWindow;
+    connection_->whenReplied<xcb_get_input_focus_reply_t>(xcb_get_input_focus(connection_->raw()), lifetime_,
+                                                          [handler = std::move(handler)](const auto* reply) {
+                                                              if (reply != nullptr)
+                                                                  handler(reply->focus);
+                                                          });
+    connection_->flush();
 }
 
-void X11NativeWindows::windowDidHide(xcb_window_t window)
+void X11NativeWindows::windowDidUnmap(xcb_window_t window)
 {
-    if (!focusBefore_ || focusBefore_->window != window)
+    if (!focusBefore_ || focusBefore_->window != window || !connection_->isAlive())
         return;
-    const xcb_window_t focus = std::exchange(focusBefore_, std::nullopt)->focus;
-    if (!connection_->isAlive() || windowManager_->maintainsActiveWindow())
-        return;
-    // The server has given the focus of the hidden window to the root window. Anywhere else somebody else has
-    // put it.
-    if (currentFocus() != connection_->root())
-        return;
+    whenFocusIsKnown([this, window](xcb_window_t focus) {
+        // It may have come back, or another one may have taken over meanwhile.
+        if (!focusBefore_ || focusBefore_->window != window || toolkitWindows_->isShown(window))
+            return;
+        // The server has given the focus of the hidden window to the root window. Anywhere else somebody else
+        // has put it.
+        if (focus == connection_->root() && !windowManager_->maintainsActiveWindow())
+            giveFocusBack();
+        focusBefore_.reset();
+    });
+}
+
+void X11NativeWindows::giveFocusBack()
+{
     xcb_connection_t* raw = toolkitWindows_->raw();
-    const auto cookie =
-        xcb_set_input_focus_checked(raw, XCB_INPUT_FOCUS_POINTER_ROOT, focus, userTime_->last());
+    const auto cookie = xcb_set_input_focus_checked(raw, XCB_INPUT_FOCUS_POINTER_ROOT, focusBefore_->focus,
+                                                    userTime_->last());
     xcb_discard_reply(raw, cookie.sequence); // That window may have gone.
     xcb_flush(raw);
 }
@@ -182,6 +206,11 @@ void X11NativeWindows::settle(xcb_window_t window, Panel& panel)
                                    static_cast<std::uint32_t>(corner->y())};
         xcb_configure_window(raw, window, XCB_CONFIG_WINDOW_X | XCB_CONFIG_WINDOW_Y, values.data());
     }
+    // It also cuts its frame to the shape that a window has below a title bar, and looks again only when the
+    // shape is set. A window without a shape of its own must not get one.
+    if (!blendsTranslucentWindows())
+        xcb_shape_combine(raw, XCB_SHAPE_SO_SET, XCB_SHAPE_SK_BOUNDING, XCB_SHAPE_SK_BOUNDING, window, 0, 0,
+                          window);
     xcb_flush(raw);
 }
 

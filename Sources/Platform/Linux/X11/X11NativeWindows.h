@@ -1,6 +1,7 @@
 #pragma once
 
 #include <array>
+#include <functional>
 #include <map>
 #include <memory>
 #include <optional>
@@ -44,14 +45,17 @@ private:
 
     void windowWillShow(xcb_window_t window, QPoint corner);
     void windowDidMap(xcb_window_t window);
-    void windowDidHide(xcb_window_t window);
+    void windowDidUnmap(xcb_window_t window);
     /// Tells the window manager what it may have got wrong while it mapped a panel.
     void settle(xcb_window_t window, Panel& panel);
     void applyTraits(xcb_window_t window, const PanelTraits& traits);
     void applyState(xcb_window_t window, const PanelTraits& traits);
     void requestFocus(xcb_window_t window);
     void takeFocus(xcb_window_t window, xcb_timestamp_t time);
-    xcb_window_t currentFocus();
+    void rememberFocus(xcb_window_t window, xcb_window_t focus);
+    void giveFocusBack();
+    /// Runs `handler` with the window that has the focus at this moment, on a later turn.
+    void whenFocusIsKnown(std::function<void(xcb_window_t focus)> handler);
     void setUnits(xcb_window_t window, xcb_atom_t property, xcb_atom_t type,
                   std::span<const std::uint32_t> units);
 
@@ -67,7 +71,7 @@ private:
     xcb_window_t compositingManager_ = noWindow;
     Token showing_;
     Token mapping_;
-    Token hiding_;
+    Token unmapping_;
     Token events_;
     std::shared_ptr<void> lifetime_ = std::make_shared<char>();
 };

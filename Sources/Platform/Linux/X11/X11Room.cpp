@@ -21,7 +21,7 @@ X11Room makeX11Room(X11RoomNeeds needs)
         std::make_shared<X11KeyStrokes>(room.connection, room.keyboard, room.hotKeyCenter,
                                         std::move(needs.offerPrimary), std::move(needs.whenAvailable));
     room.eventMonitors = std::make_shared<QtEventMonitors>();
-    room.screens = std::make_shared<X11Screens>(room.connection);
+    room.screens = std::make_shared<X11Screens>(room.connection, room.windowManager);
     room.nativeWindows = std::make_shared<X11NativeWindows>(room.connection, room.windowManager,
                                                             room.toolkitWindows, room.userTime);
     room.application = std::make_shared<X11Application>(room.connection, room.windowManager,

@@ -5,6 +5,8 @@
 #include <QtGui/QGuiApplication>
 #include <QtGui/QScreen>
 
+#include "ScreenSpace.h"
+
 namespace tessel {
 
 namespace {
@@ -12,13 +14,8 @@ namespace {
 ScreenLayout layoutOf(const QScreen& screen)
 {
     const QRect geometry = screen.geometry();
-    return {double(geometry.x()),
-            double(geometry.y()),
-            {double(geometry.width()), double(geometry.height())},
-            screen.devicePixelRatio()};
+    return {geometry.topLeft(), geometry.size(), screen.devicePixelRatio()};
 }
-
-} // namespace
 
 std::vector<ScreenLayout> toolkitScreens()
 {
@@ -28,25 +25,20 @@ std::vector<ScreenLayout> toolkitScreens()
     return layouts;
 }
 
-std::optional<ScreenLayout> toolkitMainScreen()
-{
-    const QScreen* screen = QGuiApplication::primaryScreen();
-    if (screen == nullptr)
-        return std::nullopt;
-    return layoutOf(*screen);
-}
+} // namespace
 
-X11Screens::X11Screens(std::shared_ptr<X11Connection> connection)
+X11Screens::X11Screens(std::shared_ptr<X11Connection> connection,
+                       std::shared_ptr<WindowManager> windowManager)
     : connection_(connection)
-    , struts_(std::move(connection))
+    , struts_(std::move(connection), std::move(windowManager))
 {}
 
 std::vector<Screen> X11Screens::screens() const
 {
-    const auto layouts = toolkitScreens();
-    const auto main = toolkitMainScreen();
-    if (!main)
+    const auto origin = screenSpace::originOfSeam();
+    if (!origin)
         return {};
+    const auto layouts = toolkitScreens();
     std::vector<PixelRect> frames;
     for (const ScreenLayout& layout : layouts)
         frames.push_back(pixelsOf(layout));
@@ -55,35 +47,36 @@ std::vector<Screen> X11Screens::screens() const
     std::vector<Screen> screens;
     for (std::size_t index = 0; index < layouts.size(); ++index) {
         const ScreenLayout& layout = layouts[index];
-        const PixelRect frame{layout.x, layout.y, layout.size.width, layout.size.height};
         // A screen without docks is visible as a whole; the way through pixels would round it.
-        const PixelRect inner =
-            visible[index] == frames[index] ? frame : toToolkitPoints(visible[index], layout);
-        screens.push_back({toGlobalPoints(frame, *main), toGlobalPoints(inner, *main)});
+        const QRectF inner =
+            visible[index] == frames[index] ? layout.frame() : toToolkitPoints(visible[index], layout);
+        screens.push_back(
+            {screenSpace::toSeam(layout.frame(), *origin), screenSpace::toSeam(inner, *origin)});
     }
     return screens;
 }
 
 std::optional<Screen> X11Screens::mainScreen() const
 {
-    const QScreen* primary = QGuiApplication::primaryScreen();
-    const auto index = QGuiApplication::screens().indexOf(primary);
+    const auto index = QGuiApplication::screens().indexOf(QGuiApplication::primaryScreen());
     const auto all = screens();
-    if (primary == nullptr || index < 0 || static_cast<std::size_t>(index) >= all.size())
+    if (index < 0 || static_cast<std::size_t>(index) >= all.size())
         return std::nullopt;
     return all[static_cast<std::size_t>(index)];
 }
 
 Point X11Screens::mouseLocation() const
 {
-    const auto main = toolkitMainScreen();
-    if (!main || !connection_->isAlive())
+    const auto origin = screenSpace::originOfSeam();
+    if (!origin || !connection_->isAlive())
         return {};
     const auto pointer = connection_->wait(xcb_query_pointer_reply,
                                            xcb_query_pointer(connection_->raw(), connection_->root()));
     if (!pointer)
         return {};
-    return pixelToGlobalPoint(pointer->root_x, pointer->root_y, toolkitScreens(), *main);
+    const QPointF point = toToolkitPoint(pointer->root_x, pointer->root_y, toolkitScreens(),
+                                         layoutOf(*QGuiApplication::primaryScreen()));
+    return screenSpace::toSeam(point, *origin);
 }
 
 } // namespace tessel

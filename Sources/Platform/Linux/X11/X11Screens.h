@@ -5,16 +5,17 @@
 
 #include "Screens.h"
 #include "X11/DockStruts.h"
-#include "X11/ScreenSpace.h"
+#include "X11/ScreenLayout.h"
 #include "X11/X11Connection.h"
 
 namespace tessel {
 
-/// The screens in the view toolkit's order and scale, less the struts of docks. The main screen is the
-/// toolkit's primary screen.
+/// The screens in the view toolkit's order and scale, less the struts of docks. The toolkit follows the
+/// monitors of RandR 1.5, and its primary screen, which is the main screen here, is the primary monitor or
+/// else the first.
 class X11Screens : public Screens {
 public:
-    explicit X11Screens(std::shared_ptr<X11Connection> connection);
+    X11Screens(std::shared_ptr<X11Connection> connection, std::shared_ptr<WindowManager> windowManager);
 
     std::vector<Screen> screens() const override;
     std::optional<Screen> mainScreen() const override;
@@ -25,10 +26,5 @@ private:
     std::shared_ptr<X11Connection> connection_;
     DockStruts struts_;
 };
-
-/// The view toolkit's screens in its order.
-std::vector<ScreenLayout> toolkitScreens();
-/// The screen whose bottom left corner is the origin of global points. None: there is no screen.
-std::optional<ScreenLayout> toolkitMainScreen();
 
 } // namespace tessel
