@@ -87,7 +87,7 @@ void PanelRows::waitForSelection(std::size_t position)
     waitUntil("row " + std::to_string(position) + " selected", [position](const auto& rows) {
         std::size_t selected = 0;
         for (std::size_t row = 0; row < rows.size(); ++row)
-            selected += rows[row].isSelected ? 1 : 0;
+            selected += rows[row].isSelected ? 1U : 0U;
         return selected == 1 && position < rows.size() && rows[position].isSelected;
     });
 }
