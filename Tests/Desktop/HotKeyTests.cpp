@@ -95,6 +95,24 @@ TEST_F(HotKeyTest, ReachesNoEditorInWhateverOrderItsKeysAreReleased)
     EXPECT_EQ(editor.pasteCount(), 0);
 }
 
+TEST_F(HotKeyTest, KeepsNoKeyFromThePanelWhileItIsHeld)
+{
+    TextClient editor(desktop_, TextClientKind::gtk);
+    copyTexts({"A", "B"});
+    PanelRows rows(desktop_, *program_);
+    for (const auto key : {XKB_KEY_Super_L, XKB_KEY_Shift_L, XKB_KEY_v})
+        desktop_.keyboard().press(static_cast<KeySymbol>(key));
+    program_->panel().waitUntilOpen();
+    rows.waitForSelection(0);
+    desktop_.keyboard().tap(XKB_KEY_Down);
+    rows.waitForSelection(1);
+    desktop_.keyboard().tap(XKB_KEY_Return);
+    for (const auto key : {XKB_KEY_v, XKB_KEY_Super_L, XKB_KEY_Shift_L})
+        desktop_.keyboard().release(static_cast<KeySymbol>(key));
+    program_->panel().waitUntilClosed();
+    expectPastedOnce(editor, "A");
+}
+
 TEST_F(HotKeyTest, WorksUnderCapsLockAndNumLock)
 {
     for (const auto lock : {XKB_KEY_Caps_Lock, XKB_KEY_Num_Lock}) {

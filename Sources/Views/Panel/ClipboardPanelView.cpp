@@ -169,6 +169,7 @@ void ClipboardPanelView::setSelectedItemID(std::optional<UUID> id, Reveal reveal
 {
     selectedItemID_ = id;
     list_->setSelectedItemID(id);
+    keyCapture_->ensureFocus();
     if (id && reveal == Reveal::yes)
         list_->reveal(*id);
 }
@@ -187,6 +188,7 @@ void ClipboardPanelView::setHoveredItemID(std::optional<UUID> id)
 {
     hoveredItemID_ = id;
     list_->setHoveredItemID(id);
+    keyCapture_->ensureFocus();
 }
 
 // Actions

@@ -11,9 +11,12 @@
 namespace tessel {
 
 X11HotKeyCenter::X11HotKeyCenter(std::shared_ptr<X11Connection> connection,
-                                 std::shared_ptr<X11Keyboard> keyboard, std::shared_ptr<UserTime> userTime)
+                                 std::shared_ptr<X11Keyboard> keyboard,
+                                 std::shared_ptr<ToolkitWindows> toolkitWindows,
+                                 std::shared_ptr<UserTime> userTime)
     : connection_(std::move(connection))
     , keyboard_(std::move(keyboard))
+    , toolkitWindows_(std::move(toolkitWindows))
     , userTime_(std::move(userTime))
     , bits_(modifierBits(keyboard_->keymap()))
 {
@@ -203,9 +206,11 @@ void X11HotKeyCenter::follow(const xcb_generic_event_t& event)
 {
     switch (eventKind(event)) {
     case XCB_KEY_PRESS:
-        keyPressed(eventAs<xcb_key_press_event_t>(event));
+        if (!keyPressed(eventAs<xcb_key_press_event_t>(event)))
+            passOn(eventAs<xcb_key_press_event_t>(event));
         return;
     case XCB_KEY_RELEASE:
+        passOn(eventAs<xcb_key_release_event_t>(event));
         return keyReleased(eventAs<xcb_key_release_event_t>(event).detail);
     case XCB_FOCUS_OUT: {
         // The end of a grab of the root window. Whatever ended ours, the release of the key may be another's.
@@ -243,6 +248,21 @@ bool X11HotKeyCenter::keyPressed(const xcb_key_press_event_t& event)
     for (const auto& [reference, handler] : handlers)
         handler(identifier);
     return true;
+}
+
+void X11HotKeyCenter::passOn(const xcb_key_press_event_t& event)
+{
+    // As long as the hot key is held it keeps every key from the focused window, and quick fingers press the
+    // next one before they let go of it.
+    const auto window = toolkitWindows_->focusedWindow();
+    if (!heldKey_ || heldKey_ == event.detail || !window)
+        return;
+    xcb_key_press_event_t passedOn = event;
+    passedOn.event = *window;
+    passedOn.child = XCB_WINDOW_NONE;
+    const auto* bytes = reinterpret_cast<const char*>(&passedOn);
+    xcb_send_event(connection_->raw(), 0, *window, XCB_EVENT_MASK_NO_EVENT, bytes);
+    connection_->flush();
 }
 
 void X11HotKeyCenter::keyReleased(Keycode key)

@@ -9,6 +9,7 @@
 #include "HotKeyCenter.h"
 #include "Token.h"
 #include "X11/GrabCombinations.h"
+#include "X11/ToolkitWindows.h"
 #include "X11/UserTime.h"
 #include "X11/X11Connection.h"
 #include "X11/X11Keyboard.h"
@@ -25,7 +26,7 @@ namespace tessel {
 class X11HotKeyCenter : public HotKeyCenter, private QAbstractNativeEventFilter {
 public:
     X11HotKeyCenter(std::shared_ptr<X11Connection> connection, std::shared_ptr<X11Keyboard> keyboard,
-                    std::shared_ptr<UserTime> userTime);
+                    std::shared_ptr<ToolkitWindows> toolkitWindows, std::shared_ptr<UserTime> userTime);
     ~X11HotKeyCenter() override;
 
     std::optional<HotKeyHandlerRef> installEventHandler(Handler handler) override;
@@ -81,9 +82,11 @@ private:
     /// False: that is no hot key.
     bool keyPressed(const xcb_key_press_event_t& event);
     void keyReleased(Keycode key);
+    void passOn(const xcb_key_press_event_t& event);
 
     std::shared_ptr<X11Connection> connection_;
     std::shared_ptr<X11Keyboard> keyboard_;
+    std::shared_ptr<ToolkitWindows> toolkitWindows_;
     std::shared_ptr<UserTime> userTime_;
     ModifierBits bits_;
     std::uint64_t lastReference_ = 0;
