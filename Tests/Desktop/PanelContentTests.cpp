@@ -108,14 +108,14 @@ TEST_F(PanelContentTest, DownStopsAtTheLastEntryAndUpAtTheFirst)
     copyTexts({"A", "B", "C"});
     program_->openPanel();
     rows_->waitForSelection(0);
-    for (int press = 0; press < 5; ++press)
+    for (int press = 0; press < 4; ++press)
         tap(XKB_KEY_Down);
     rows_->waitForSelection(2);
     confirm(editor, "A");
     program_->openPanel();
     tap(XKB_KEY_Down);
     rows_->waitForSelection(1);
-    for (int press = 0; press < 4; ++press)
+    for (int press = 0; press < 3; ++press)
         desktop_.keyboard().chord({XKB_KEY_Shift_L}, XKB_KEY_Up); // No modifier but Command counts.
     rows_->waitForSelection(0);
     tap(XKB_KEY_KP_Enter);
