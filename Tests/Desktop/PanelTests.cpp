@@ -39,15 +39,6 @@ TEST_F(PanelTest, EscapeClosesItAndTheFocusReturns)
     editor.waitForText("typed");
 }
 
-TEST_F(PanelTest, TheHotKeyOpensAndCloses)
-{
-    for (int round = 0; round < 3; ++round) {
-        program_->openPanel();
-        program_->pressHotKey();
-        program_->panel().waitUntilClosed();
-    }
-}
-
 TEST_F(PanelTest, EachOpeningIsANewPanelWithANewSelection)
 {
     copyTexts({"A", "B", "C"});
@@ -90,45 +81,6 @@ TEST_F(PanelTest, ShownAgainWhileItIsInFrontItHasNoOtherProgramToPasteInto)
     EXPECT_EQ(ClipboardReader(desktop_.displayName()).readText(), "B");
     EXPECT_EQ(editor.pasteCount(), 0);
     EXPECT_EQ(editor.text(), "");
-}
-
-TEST_F(PanelTest, TwoPressesInQuickSuccessionOpenAndClose)
-{
-    program_->pressHotKey();
-    program_->pressHotKey();
-    letTheProgramTick();
-    program_->waitUntilItHasRead();
-    program_->panel().waitUntilClosed();
-    program_->openPanel();
-    program_->closePanel();
-}
-
-TEST_F(PanelTest, AHeldHotKeyTogglesOnce)
-{
-    program_->pressHotKey(1500ms);
-    program_->panel().waitUntilOpen();
-    program_->closePanel();
-}
-
-TEST_F(PanelTest, TheHotKeyReachesNoEditor)
-{
-    TextClient editor(desktop_, TextClientKind::gtk);
-    program_->openPanel();
-    program_->closePanel();
-    editor.activate();
-    desktop_.keyboard().type("x");
-    editor.waitForText("x");
-    EXPECT_EQ(editor.pasteCount(), 0);
-}
-
-TEST_F(PanelTest, TheHotKeyWorksUnderCapsLockAndNumLock)
-{
-    for (const auto lock : {XKB_KEY_Caps_Lock, XKB_KEY_Num_Lock}) {
-        desktop_.keyboard().tap(static_cast<KeySymbol>(lock));
-        program_->openPanel();
-        program_->closePanel();
-        desktop_.keyboard().tap(static_cast<KeySymbol>(lock));
-    }
 }
 
 TEST_F(PanelTest, ItSitsBesideThePointerAndInsideTheScreen)

@@ -55,6 +55,14 @@ protected:
         program_.emplace(desktop_);
     }
 
+    /// Starts the program anew with the settings of a JSON object.
+    void restartProgramWith(const std::string& settings, const HotKey& hotKey = superShiftV)
+    {
+        endProgram();
+        desktop_.directory().write("home/.config/tessel-clipboard/settings.json", settings);
+        program_.emplace(desktop_, std::vector<std::string>{}, hotKey);
+    }
+
     /// Waits for something that must not happen: there is nothing to await. Two polls of the clipboard fit
     /// in.
     static void letTheProgramTick() { std::this_thread::sleep_for(1500ms); }

@@ -161,6 +161,30 @@ TEST_F(KeyCapture, NeedsAWindowForTheFocus)
     EXPECT_FALSE(view.focusWidget());
 }
 
+TEST_F(KeyCapture, ReadsLettersOfAnotherScriptByTheirPositions)
+{
+    KeyCaptureView& view = *bridge().makeView(&parent);
+    constexpr quint32 positionOfP = 33;
+    constexpr quint32 positionOfR = 27;
+    const auto press = [&](char32_t letter, quint32 scanCode) {
+        QKeyEvent event(QEvent::KeyPress, static_cast<int>(letter), Qt::MetaModifier, scanCode, 0, 0);
+        QApplication::sendEvent(&view, &event);
+    };
+    press(U'\u0417', positionOfP); // Cyrillic Ze,
+    press(U'\u03A0', positionOfP); // Greek Pi,
+    press(U'\u05E4', positionOfP); // Hebrew Pe.
+    EXPECT_THAT(actions, ElementsAre("pin", "pin", "pin"));
+    press(U'\u0420', positionOfR); // Cyrillic Er looks like a P, and is not in its place.
+    press(U'L', positionOfP);      // The Dvorak layout has another Latin letter there,
+    EXPECT_EQ(actions.size(), 3U);
+    press(U'P', positionOfR); // and its P elsewhere.
+    EXPECT_EQ(actions.size(), 4U);
+    press(U'\u00D6', positionOfP); // Beside letters of ours that are not ASCII,
+    press(U';', positionOfP);      // signs,
+    press(Qt::Key_Dead_Circumflex, positionOfP);
+    EXPECT_EQ(actions.size(), 4U) << "and dead keys, P has a key of its own.";
+}
+
 TEST(PanelFocus, ReturnsToTheKeysWithEveryUpdate)
 {
     PanelDesktop desktop;
@@ -174,6 +198,14 @@ TEST(PanelFocus, ReturnsToTheKeysWithEveryUpdate)
     desktop.copy("B");
     runMainLoop(); // The update,
     runMainLoop(); // and the turn by which the focus is put off.
+    EXPECT_EQ(desktop.window().focusWidget(), &desktop.view().keyCapture());
+    other.setFocus();
+    desktop.click("A");
+    runMainLoop();
+    EXPECT_EQ(desktop.window().focusWidget(), &desktop.view().keyCapture());
+    other.setFocus();
+    desktop.movePointer(desktop.rowCenter("B"));
+    runMainLoop();
     EXPECT_EQ(desktop.window().focusWidget(), &desktop.view().keyCapture());
 }
 

@@ -204,6 +204,16 @@ TEST_F(PanelPointer, MenuOfAnEntryThatIsGoneDoesNothing)
     EXPECT_THAT(desktop.texts(), ElementsAre("C", "A"));
 }
 
+TEST_F(PanelPointer, MenuCopiesAnEntryThatHasExpiredMeanwhile)
+{
+    desktop.openPanel();
+    RowContextMenu& menu = openMenuOn("B");
+    desktop.state->clearHistory();
+    choose(menu, "Copy");
+    EXPECT_EQ(*desktop.pasteboard->textOnBoard(), "B");
+    EXPECT_TRUE(desktop.texts().empty());
+}
+
 TEST_F(PanelPointer, MenuGoesWithThePanel)
 {
     desktop.openPanel();

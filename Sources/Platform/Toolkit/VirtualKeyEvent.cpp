@@ -6,9 +6,37 @@ namespace tessel {
 
 namespace {
 
-std::uint16_t virtualKeyCode(int key)
+/// True for a character of Cyrillic, Greek and so on; not for the keys that yield no character at all.
+bool isOfAnotherScript(int key)
 {
-    switch (key) {
+    constexpr int firstKeyWithoutCharacter = Qt::Key_Escape;
+    if (key <= 0 || key >= firstKeyWithoutCharacter)
+        return false;
+    const QChar::Script script = QChar::script(static_cast<char32_t>(key));
+    return script != QChar::Script_Latin && script != QChar::Script_Common &&
+           script != QChar::Script_Inherited;
+}
+
+/// By the number that X11 and Wayland give a key of a PC keyboard.
+std::uint16_t virtualKeyCodeInPosition(quint32 scanCode)
+{
+    constexpr quint32 fourthKeyOfTheBottomRow = 55;
+    constexpr quint32 tenthKeyOfTheTopRow = 33;
+    switch (scanCode) {
+    case fourthKeyOfTheBottomRow:
+        return VirtualKey::v;
+    case tenthKeyOfTheTopRow:
+        return VirtualKey::p;
+    default:
+        return VirtualKey::unknown;
+    }
+}
+
+std::uint16_t virtualKeyCode(const QKeyEvent& event)
+{
+    if (isOfAnotherScript(event.key()))
+        return virtualKeyCodeInPosition(event.nativeScanCode());
+    switch (event.key()) {
     case Qt::Key_Up:
         return VirtualKey::upArrow;
     case Qt::Key_Down:
@@ -48,7 +76,7 @@ ModifierFlags modifierFlags(Qt::KeyboardModifiers modifiers)
 
 KeyEvent virtualKeyEvent(const QKeyEvent& event)
 {
-    return {virtualKeyCode(event.key()), modifierFlags(event.modifiers())};
+    return {virtualKeyCode(event), modifierFlags(event.modifiers())};
 }
 
 } // namespace tessel

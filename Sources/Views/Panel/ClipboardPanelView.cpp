@@ -169,6 +169,7 @@ void ClipboardPanelView::setSelectedItemID(std::optional<UUID> id, Reveal reveal
 {
     selectedItemID_ = id;
     list_->setSelectedItemID(id);
+    keyCapture_->ensureFocus();
     if (id && reveal == Reveal::yes)
         list_->reveal(*id);
 }
@@ -187,6 +188,7 @@ void ClipboardPanelView::setHoveredItemID(std::optional<UUID> id)
 {
     hoveredItemID_ = id;
     list_->setHoveredItemID(id);
+    keyCapture_->ensureFocus();
 }
 
 // Actions
@@ -268,24 +270,28 @@ RowContextMenu* ClipboardPanelView::contextMenu() const
 
 void ClipboardPanelView::showContextMenu(UUID id, QPoint place)
 {
-    const auto state = appState_.lock();
-    if (!state)
-        return;
-    const auto calling = [this, id](void (AppState::*operation)(const ClipboardItem&)) {
-        return [this, id, operation] {
-            withItem(id, [operation](AppState& appState, const ClipboardItem& item) {
-                (appState.*operation)(item);
-            });
+    withItem(id, [this, place](AppState& state, const ClipboardItem& item) {
+        // The entry may be gone by the time that one of them is chosen. What can still be copied is copied.
+        const auto copy = [weak = appState_, item] {
+            if (const auto appState = weak.lock())
+                appState->copyToClipboard(item);
         };
-    };
-    const auto pin =
-        state->pinnedItemIDs->contains(id) ? RowContextMenu::Pin::pinned : RowContextMenu::Pin::unpinned;
-    contextMenu_ = new RowContextMenu(pin, blending_,
-                                      {.onCopy = calling(&AppState::copyToClipboard),
-                                       .onPinToggle = calling(&AppState::togglePinned),
-                                       .onDelete = calling(&AppState::removeItem)},
-                                      this);
-    contextMenu_->popup(place);
+        const auto calling = [this, id = item.id](void (AppState::*operation)(const ClipboardItem&)) {
+            return [this, id, operation] {
+                withItem(id, [operation](AppState& appState, const ClipboardItem& present) {
+                    (appState.*operation)(present);
+                });
+            };
+        };
+        const auto pin = state.pinnedItemIDs->contains(item.id) ? RowContextMenu::Pin::pinned
+                                                                : RowContextMenu::Pin::unpinned;
+        contextMenu_ = new RowContextMenu(pin, blending_,
+                                          {.onCopy = copy,
+                                           .onPinToggle = calling(&AppState::togglePinned),
+                                           .onDelete = calling(&AppState::removeItem)},
+                                          this);
+        contextMenu_->popup(place);
+    });
 }
 
 void ClipboardPanelView::contextMenuEvent(QContextMenuEvent* event)

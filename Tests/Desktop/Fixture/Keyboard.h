@@ -24,6 +24,7 @@ public:
     void release(KeySymbol symbol);
     /// The same by the key's code, without a look at the layout.
     void pressKey(xcb_keycode_t code) { fake(XCB_KEY_PRESS, code); }
+    void releaseKey(xcb_keycode_t code) { fake(XCB_KEY_RELEASE, code); }
     /// Presses a key, holds it for a while and releases it.
     void tap(KeySymbol symbol, std::chrono::milliseconds hold = {});
     /// Presses the modifiers in order, taps the key, and releases the modifiers in the opposite order.

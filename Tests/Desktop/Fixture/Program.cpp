@@ -4,6 +4,7 @@
 
 #include <array>
 #include <cstdlib>
+#include <utility>
 
 #include "BusClient.h"
 
@@ -48,8 +49,9 @@ std::string Program::sanitizerComplaint(const std::string& errorOutput)
     return {};
 }
 
-Program::Program(Desktop& desktop, const std::vector<std::string>& arguments)
+Program::Program(Desktop& desktop, const std::vector<std::string>& arguments, HotKey hotKey)
     : desktop_(desktop)
+    , hotKey_(std::move(hotKey))
     , process_(commandLine(arguments), desktop.environment())
     , panel_(desktop, process_.pid())
 {
@@ -69,8 +71,7 @@ bool Program::isReady()
         if (!BusClient(desktop_.busAddress()).askObject(address.name, address.path, Deadline()))
             return false;
     }
-    constexpr auto superAndShift = std::uint16_t{XCB_MOD_MASK_4 | XCB_MOD_MASK_SHIFT};
-    return desktop_.keyboard().isGrabbed(XKB_KEY_v, superAndShift);
+    return desktop_.keyboard().isGrabbed(XKB_KEY_v, hotKey_.mask);
 }
 
 void Program::waitUntilItHasRead()
@@ -89,7 +90,11 @@ void Program::waitUntilItHasRead()
 
 void Program::pressHotKey(std::chrono::milliseconds hold)
 {
-    desktop_.keyboard().chord({XKB_KEY_Super_L, XKB_KEY_Shift_L}, XKB_KEY_v, hold);
+    for (const KeySymbol modifier : hotKey_.modifiers)
+        desktop_.keyboard().press(modifier);
+    desktop_.keyboard().tap(XKB_KEY_v, hold);
+    for (auto modifier = hotKey_.modifiers.rbegin(); modifier != hotKey_.modifiers.rend(); ++modifier)
+        desktop_.keyboard().release(*modifier);
 }
 
 WindowFacts Program::openPanel()

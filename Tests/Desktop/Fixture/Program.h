@@ -3,6 +3,7 @@
 #include <filesystem>
 #include <optional>
 #include <string>
+#include <vector>
 
 #include "ChildProcess.h"
 #include "Desktop.h"
@@ -10,6 +11,18 @@
 #include "Panel.h"
 
 namespace tessel::desktop {
+
+/// A hot key of the program: what its user holds while pressing the V key, and the mask of the core protocol
+/// for that.
+struct HotKey {
+    std::vector<KeySymbol> modifiers;
+    std::uint16_t mask;
+};
+
+inline const HotKey superShiftV = {{XKB_KEY_Super_L, XKB_KEY_Shift_L}, XCB_MOD_MASK_4 | XCB_MOD_MASK_SHIFT};
+inline const HotKey controlShiftV = {{XKB_KEY_Control_L, XKB_KEY_Shift_L},
+                                     XCB_MOD_MASK_CONTROL | XCB_MOD_MASK_SHIFT};
+inline const HotKey superAltV = {{XKB_KEY_Super_L, XKB_KEY_Alt_L}, XCB_MOD_MASK_4 | XCB_MOD_MASK_1};
 
 /// Tessel Clipboard, running on a desktop.
 class Program {
@@ -23,9 +36,10 @@ public:
     /// The parts of a standard error output in which a sanitizer complains; empty if there are none.
     static std::string sanitizerComplaint(const std::string& errorOutput);
 
-    /// Starts it and returns when it is ready: it has its hot key, and answers on the session bus if there is
-    /// one.
-    explicit Program(Desktop& desktop, const std::vector<std::string>& arguments = {});
+    /// Starts it and returns when it is ready: somebody has the hot key that its settings name, and it
+    /// answers on the session bus if there is one.
+    explicit Program(Desktop& desktop, const std::vector<std::string>& arguments = {},
+                     HotKey hotKey = superShiftV);
     ~Program();
     Program(const Program&) = delete;
     Program& operator=(const Program&) = delete;
@@ -33,10 +47,10 @@ public:
     ChildProcess& process() { return process_; }
     Panel& panel() { return panel_; }
 
-    /// Presses and releases the hot key, Super+Shift+V.
     /// Returns when the program, which answers on the session bus, has read every key and event that the
     /// server has sent until now.
     void waitUntilItHasRead();
+    /// Presses and releases the hot key.
     void pressHotKey(std::chrono::milliseconds hold = {});
     /// Opens the panel by the hot key, and returns when it can be used.
     WindowFacts openPanel();
@@ -49,6 +63,7 @@ private:
     bool isReady();
 
     Desktop& desktop_;
+    HotKey hotKey_;
     ChildProcess process_;
     Panel panel_;
 };

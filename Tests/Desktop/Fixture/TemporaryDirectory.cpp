@@ -46,6 +46,7 @@ std::filesystem::path TemporaryDirectory::makeDirectory(const std::string& name)
 std::filesystem::path TemporaryDirectory::write(const std::string& name, const std::string& text) const
 {
     const auto file = path_ / name;
+    std::filesystem::create_directories(file.parent_path());
     std::ofstream stream(file, std::ios::binary);
     stream << text;
     if (!stream.flush())

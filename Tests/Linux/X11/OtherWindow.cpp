@@ -123,6 +123,12 @@ bool OtherWindow::grabKey(Keycode key, std::uint16_t modifiers)
     return !error;
 }
 
+void OtherWindow::ungrabKey(Keycode key, std::uint16_t modifiers)
+{
+    xcb_ungrab_key(connection_, key, root_, modifiers);
+    synchronize();
+}
+
 void OtherWindow::read()
 {
     while (const X11Reply<xcb_generic_event_t> event{xcb_poll_for_event(connection_)})

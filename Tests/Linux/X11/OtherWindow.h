@@ -54,6 +54,7 @@ public:
 
     /// Another application's hot key. False: the combination is taken.
     bool grabKey(Keycode key, std::uint16_t modifiers);
+    void ungrabKey(Keycode key, std::uint16_t modifiers);
 
 private:
     void read();

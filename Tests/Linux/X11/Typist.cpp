@@ -108,6 +108,13 @@ void Typist::lockGroup(std::uint8_t group)
     synchronize();
 }
 
+std::uint8_t Typist::lockedModifiers()
+{
+    const X11Reply<xcb_xkb_get_state_reply_t> reply(xcb_xkb_get_state_reply(
+        connection_, xcb_xkb_get_state(connection_, XCB_XKB_ID_USE_CORE_KBD), nullptr));
+    return reply ? reply->lockedMods : std::uint8_t{0};
+}
+
 KeySet Typist::keysDown()
 {
     const X11Reply<xcb_query_keymap_reply_t> reply(

@@ -21,9 +21,12 @@ inline constexpr Keycode fullStop = 60; ///< Latin v on the Dvorak layout.
 inline constexpr Keycode altLeft = 64;
 inline constexpr Keycode capsLock = 66;
 inline constexpr Keycode numLock = 77;
+inline constexpr Keycode scrollLock = 78;
 inline constexpr Keycode a = 38;
 inline constexpr Keycode escape = 9;
 inline constexpr Keycode keypadEnter = 104;
+inline constexpr Keycode keypadDivide = 106;
+inline constexpr Keycode down = 116;
 inline constexpr Keycode insert = 118;
 inline constexpr Keycode superLeft = 133;
 } // namespace Key
@@ -49,6 +52,8 @@ public:
     void setLayout(const std::string& layout, const std::string& variant = {});
     void lockGroup(std::uint8_t group);
 
+    /// The modifiers of the core protocol that are locked, Caps Lock among them.
+    std::uint8_t lockedModifiers();
     /// The keys that the server has down on the core keyboard.
     KeySet keysDown();
     /// The keys that the server has down on its XTEST keyboard.

@@ -26,6 +26,7 @@ inline constexpr std::uint32_t command = 0x0100;
 inline constexpr std::uint32_t shift = 0x0200;
 inline constexpr std::uint32_t option = 0x0800;
 inline constexpr std::uint32_t control = 0x1000;
+inline constexpr std::uint32_t all = command | shift | option | control;
 } // namespace CarbonModifier
 
 ModifierBits modifierBits(const Keymap& keymap);

@@ -3,14 +3,20 @@
 #include <algorithm>
 #include <utility>
 
+#include <QtWidgets/QApplication>
+
+#include "KeyEvent.h"
 #include "X11/XkbProtocol.h"
 
 namespace tessel {
 
 X11HotKeyCenter::X11HotKeyCenter(std::shared_ptr<X11Connection> connection,
-                                 std::shared_ptr<X11Keyboard> keyboard, std::shared_ptr<UserTime> userTime)
+                                 std::shared_ptr<X11Keyboard> keyboard,
+                                 std::shared_ptr<ToolkitWindows> toolkitWindows,
+                                 std::shared_ptr<UserTime> userTime)
     : connection_(std::move(connection))
     , keyboard_(std::move(keyboard))
+    , toolkitWindows_(std::move(toolkitWindows))
     , userTime_(std::move(userTime))
     , bits_(modifierBits(keyboard_->keymap()))
 {
@@ -24,11 +30,16 @@ X11HotKeyCenter::X11HotKeyCenter(std::shared_ptr<X11Connection> connection,
         xcb_discard_reply(connection_->raw(), cookie.sequence);
     }
     keymapChanges_ = keyboard_->observeChanges([this] { keymapDidChange(); });
+    focusEvents_ = connection_->selectEvents(connection_->root(), XCB_EVENT_MASK_FOCUS_CHANGE);
+    if (qGuiApp != nullptr)
+        qGuiApp->installNativeEventFilter(this);
     events_ = connection_->observeEvents([this](const xcb_generic_event_t& event) { follow(event); });
 }
 
 X11HotKeyCenter::~X11HotKeyCenter()
 {
+    if (qGuiApp != nullptr)
+        qGuiApp->removeNativeEventFilter(this);
     if (!connection_->isAlive())
         return;
     releaseGrabs();
@@ -52,13 +63,16 @@ void X11HotKeyCenter::removeEventHandler(HotKeyHandlerRef handler)
 std::optional<HotKeyRef> X11HotKeyCenter::registerEventHotKey(std::uint32_t keyCode, std::uint32_t modifiers,
                                                               EventHotKeyID identifier)
 {
-    if (!connection_->isAlive())
-        return std::nullopt;
-    const auto grab = grabFor(keyCode, modifiers);
-    if (!grab || isTaken(*grab) || !takeGrab(*grab))
+    const bool isPossible = keyCode == VirtualKey::v && (modifiers & ~CarbonModifier::all) == 0;
+    const bool isKnown = std::any_of(registrations_.begin(), registrations_.end(), [&](const auto& entry) {
+        return entry.second.keyCode == keyCode && entry.second.carbonModifiers == modifiers;
+    });
+    if (!connection_->isAlive() || !isPossible || isKnown)
         return std::nullopt;
     const auto reference = HotKeyRef{++lastReference_};
-    registrations_[reference] = {keyCode, modifiers, identifier, grab};
+    registrations_[reference] = {keyCode, modifiers, identifier, std::nullopt};
+    if (const auto attempt = requestGrab(reference))
+        conclude(*attempt);
     return reference;
 }
 
@@ -73,47 +87,58 @@ void X11HotKeyCenter::unregisterEventHotKey(HotKeyRef hotKey)
     connection_->flush();
 }
 
-std::optional<X11HotKeyCenter::Grab> X11HotKeyCenter::grabFor(std::uint32_t keyCode,
-                                                              std::uint32_t carbonModifiers) const
+// Grabs
+
+std::optional<X11HotKeyCenter::Grab> X11HotKeyCenter::grabFor(const Registration& registration) const
 {
-    const auto key = keyForVirtualKeyCode(keyboard_->keymap(), keyCode);
-    const auto modifiers = modifiersForCarbonMask(carbonModifiers, bits_);
+    const auto key = keyForVirtualKeyCode(keyboard_->keymap(), registration.keyCode);
+    const auto modifiers = modifiersForCarbonMask(registration.carbonModifiers, bits_);
     if (!key || !modifiers)
         return std::nullopt;
     return Grab{*key, *modifiers};
 }
 
-bool X11HotKeyCenter::isTaken(const Grab& grab) const
-{
-    return std::any_of(registrations_.begin(), registrations_.end(),
-                       [&](const auto& entry) { return entry.second.grab == grab; });
-}
-
-bool X11HotKeyCenter::takeGrab(const Grab& grab)
+std::optional<X11HotKeyCenter::Attempt> X11HotKeyCenter::requestGrab(HotKeyRef hotKey)
 {
     constexpr std::uint8_t eventsGoToOwner = 0;
-    std::vector<xcb_void_cookie_t> cookies;
-    for (const std::uint16_t modifiers : withEveryLockCombination(grab.modifiers, bits_))
-        cookies.push_back(xcb_grab_key_checked(connection_->raw(), eventsGoToOwner, connection_->root(),
-                                               modifiers, grab.key, XCB_GRAB_MODE_ASYNC,
-                                               XCB_GRAB_MODE_ASYNC));
+    Registration& registration = registrations_.at(hotKey);
+    ++registration.attempt;
+    registration.grab = grabFor(registration);
+    if (!registration.grab)
+        return std::nullopt;
+    Attempt attempt = {hotKey, registration.attempt, *registration.grab, {}};
+    for (const std::uint16_t modifiers : withEveryLockCombination(attempt.grab.modifiers, bits_))
+        attempt.requests.push_back(xcb_grab_key_checked(connection_->raw(), eventsGoToOwner,
+                                                        connection_->root(), modifiers, attempt.grab.key,
+                                                        XCB_GRAB_MODE_ASYNC, XCB_GRAB_MODE_ASYNC));
+    return attempt;
+}
+
+void X11HotKeyCenter::conclude(const Attempt& attempt)
+{
     bool isRefused = false;
-    for (const auto cookie : cookies) {
-        const X11Reply<xcb_generic_error_t> error(xcb_request_check(connection_->raw(), cookie));
+    for (const auto request : attempt.requests) {
+        const X11Reply<xcb_generic_error_t> error(xcb_request_check(connection_->raw(), request));
         isRefused = isRefused || error;
     }
-    if (isRefused)
-        requestRelease(grab); // Part of a hot key is worse than none: it would depend on Caps Lock.
+    const auto found = registrations_.find(attempt.hotKey);
+    // Whoever has unregistered it, or asked for it anew, has released this grab.
+    if (!isRefused || found == registrations_.end() || found->second.attempt != attempt.number)
+        return;
+    found->second.grab.reset();
+    requestRelease(attempt.grab); // Part of a hot key is worse than none: it would depend on Caps Lock.
     connection_->flush();
-    return !isRefused;
 }
 
-void X11HotKeyCenter::requestGrab(const Grab& grab)
+void X11HotKeyCenter::requestGrabWithoutWaiting(HotKeyRef hotKey)
 {
-    constexpr std::uint8_t eventsGoToOwner = 0;
-    for (const std::uint16_t modifiers : withEveryLockCombination(grab.modifiers, bits_))
-        xcb_grab_key(connection_->raw(), eventsGoToOwner, connection_->root(), modifiers, grab.key,
-                     XCB_GRAB_MODE_ASYNC, XCB_GRAB_MODE_ASYNC);
+    const auto attempt = requestGrab(hotKey);
+    if (!attempt)
+        return;
+    // Any request with a reply will do: when that is here, the refusals are.
+    connection_->whenReplied<xcb_get_input_focus_reply_t>(
+        xcb_get_input_focus(connection_->raw()), lifetime_,
+        [this, attempt = *attempt](const auto*) { conclude(attempt); });
 }
 
 void X11HotKeyCenter::requestRelease(const Grab& grab)
@@ -135,58 +160,115 @@ void X11HotKeyCenter::releaseGrabs()
 void X11HotKeyCenter::restoreGrabs()
 {
     for (const auto& [reference, registration] : registrations_)
-        if (registration.grab)
-            requestGrab(*registration.grab);
+        requestGrabWithoutWaiting(reference);
+}
+
+void X11HotKeyCenter::requestRefusedGrabs()
+{
+    for (const auto& [reference, registration] : registrations_)
+        if (!registration.grab)
+            requestGrabWithoutWaiting(reference);
+    connection_->flush();
 }
 
 void X11HotKeyCenter::keymapDidChange()
 {
     const ModifierBits bits = modifierBits(keyboard_->keymap());
-    bool areAllGood = bits == bits_;
-    for (const auto& [reference, registration] : registrations_)
-        areAllGood = areAllGood && registration.grab &&
-                     registration.grab == grabFor(registration.keyCode, registration.carbonModifiers);
-    if (areAllGood)
+    const bool areAllGood =
+        std::all_of(registrations_.begin(), registrations_.end(), [this](const auto& entry) {
+            return entry.second.grab && entry.second.grab == grabFor(entry.second);
+        });
+    if (areAllGood && bits == bits_)
         return;
-    for (auto& [reference, registration] : registrations_)
-        if (const auto old = std::exchange(registration.grab, std::nullopt))
-            requestRelease(*old);
+    for (const auto& [reference, registration] : registrations_)
+        if (registration.grab)
+            requestRelease(*registration.grab);
     bits_ = bits;
-    for (auto& [reference, registration] : registrations_) {
-        const auto grab = grabFor(registration.keyCode, registration.carbonModifiers);
-        if (grab && !isTaken(*grab) && takeGrab(*grab))
-            registration.grab = grab;
-    }
+    restoreGrabs();
     connection_->flush();
+}
+
+// Keys
+
+bool X11HotKeyCenter::nativeEventFilter(const QByteArray& eventType, void* message, qintptr*)
+{
+    if (eventType != "xcb_generic_event_t")
+        return false;
+    // While a menu of ours is open the toolkit has grabbed the keyboard, and no other grab takes effect.
+    const auto& event = *static_cast<const xcb_generic_event_t*>(message);
+    if (eventKind(event) == XCB_KEY_RELEASE)
+        keyReleased(eventAs<xcb_key_release_event_t>(event).detail);
+    return eventKind(event) == XCB_KEY_PRESS && QApplication::activePopupWidget() != nullptr &&
+           keyPressed(eventAs<xcb_key_press_event_t>(event));
 }
 
 void X11HotKeyCenter::follow(const xcb_generic_event_t& event)
 {
     switch (eventKind(event)) {
     case XCB_KEY_PRESS:
-        return keyPressed(eventAs<xcb_key_press_event_t>(event));
+        if (!keyPressed(eventAs<xcb_key_press_event_t>(event)))
+            passOn(eventAs<xcb_key_press_event_t>(event));
+        return;
     case XCB_KEY_RELEASE:
-        if (heldKey_ == eventAs<xcb_key_release_event_t>(event).detail)
+        passOn(eventAs<xcb_key_release_event_t>(event));
+        return keyReleased(eventAs<xcb_key_release_event_t>(event).detail);
+    case XCB_FOCUS_OUT: {
+        // The end of a grab of the root window. Whatever ended ours, the release of the key may be another's.
+        const auto& focus = eventAs<xcb_focus_out_event_t>(event);
+        if (focus.event == connection_->root() && focus.mode == XCB_NOTIFY_MODE_UNGRAB)
             heldKey_.reset();
         return;
+    }
+    case XCB_PROPERTY_NOTIFY: {
+        const auto& changed = eventAs<xcb_property_notify_event_t>(event);
+        const X11Atoms& atoms = connection_->atoms();
+        if (changed.window == connection_->root() &&
+            (changed.atom == atoms.netActiveWindow || changed.atom == atoms.netClientList))
+            requestRefusedGrabs();
+        return;
+    }
     default:
         return;
     }
 }
 
-void X11HotKeyCenter::keyPressed(const xcb_key_press_event_t& event)
+bool X11HotKeyCenter::keyPressed(const xcb_key_press_event_t& event)
 {
     const Grab pressed{event.detail, withoutLocks(event.state, bits_)};
     const auto found = std::find_if(registrations_.begin(), registrations_.end(),
                                     [&](const auto& entry) { return entry.second.grab == pressed; });
-    if (found == registrations_.end() || heldKey_ == event.detail)
-        return;
+    if (found == registrations_.end())
+        return false;
+    if (heldKey_ == event.detail)
+        return true;
     heldKey_ = event.detail;
     userTime_->note(event.time);
     const EventHotKeyID identifier = found->second.identifier;
     const auto handlers = handlers_; // A handler may register, unregister, or remove itself.
     for (const auto& [reference, handler] : handlers)
         handler(identifier);
+    return true;
+}
+
+void X11HotKeyCenter::passOn(const xcb_key_press_event_t& event)
+{
+    // As long as the hot key is held it keeps every key from the focused window, and quick fingers press the
+    // next one before they let go of it.
+    const auto window = toolkitWindows_->focusedWindow();
+    if (!heldKey_ || heldKey_ == event.detail || !window)
+        return;
+    xcb_key_press_event_t passedOn = event;
+    passedOn.event = *window;
+    passedOn.child = XCB_WINDOW_NONE;
+    const auto* bytes = reinterpret_cast<const char*>(&passedOn);
+    xcb_send_event(connection_->raw(), 0, *window, XCB_EVENT_MASK_NO_EVENT, bytes);
+    connection_->flush();
+}
+
+void X11HotKeyCenter::keyReleased(Keycode key)
+{
+    if (heldKey_ == key)
+        heldKey_.reset();
 }
 
 } // namespace tessel

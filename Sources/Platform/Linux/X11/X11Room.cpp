@@ -12,7 +12,8 @@ X11Room makeX11Room(X11RoomNeeds needs)
     room.windowManager = std::make_shared<WindowManager>(room.connection);
     room.toolkitWindows = std::make_shared<ToolkitWindows>(room.connection, room.userTime);
     room.keyboard = std::make_shared<X11Keyboard>(room.connection);
-    room.hotKeyCenter = std::make_shared<X11HotKeyCenter>(room.connection, room.keyboard, room.userTime);
+    room.hotKeyCenter =
+        std::make_shared<X11HotKeyCenter>(room.connection, room.keyboard, room.toolkitWindows, room.userTime);
     room.workspace = std::make_shared<X11Workspace>(room.connection, room.windowManager, room.toolkitWindows,
                                                     room.userTime);
     room.accessibilityTrust =

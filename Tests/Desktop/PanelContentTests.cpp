@@ -1,0 +1,444 @@
+// What the panel shows, and what keys, pointer and menu do in it. What is selected and hovered is seen in its
+// picture; which entry that is, by pasting it.
+
+#include <algorithm>
+
+#include "PanelRows.h"
+#include "ProgramTest.h"
+
+namespace tessel::desktop {
+
+namespace {
+
+class PanelContentTest : public ProgramTest {
+protected:
+    void SetUp() override
+    {
+        ProgramTest::SetUp();
+        rows_.emplace(desktop_, *program_);
+    }
+
+    void tap(KeySymbol key) { desktop_.keyboard().tap(key); }
+    void tapWithControl(KeySymbol key) { desktop_.keyboard().chord({XKB_KEY_Control_L}, key); }
+
+    void clickRow(std::size_t position, PointerButton button = PointerButton::left)
+    {
+        desktop_.pointer().moveTo(rows_->placeOf(position));
+        desktop_.pointer().click(button);
+    }
+
+    /// A place in the open panel, in pixels from its top left corner.
+    Place placeInPanel(int x, int y)
+    {
+        const auto panel = program_->panel().find().value();
+        return {panel.frame.x + x, panel.frame.y + y};
+    }
+    Place closeButton() { return placeInPanel(Panel::width - 95, 30); }
+    Place clearAllButton() { return placeInPanel(Panel::width - 40, 30); }
+
+    /// The open context menu: the only other window of the program.
+    std::optional<WindowFacts> menu()
+    {
+        const auto process = program_->process().pid();
+        const auto panel = program_->panel().find();
+        return desktop_.windows().find([&](const WindowFacts& window) {
+            return window.isViewable && window.processIdentifier == process && window.frame.width > 1 &&
+                   (!panel || window.window != panel->window);
+        });
+    }
+    WindowFacts openMenuOn(std::size_t position)
+    {
+        clickRow(position, PointerButton::right);
+        desktop_.connection().waitUntil("the menu", [this] { return menu().has_value(); });
+        return menu().value();
+    }
+    void waitUntilMenuIsGone()
+    {
+        desktop_.connection().waitUntil("the menu to be gone", [this] { return !menu(); });
+    }
+
+    /// Confirms the selection of the open panel over an editor, which gets `text`.
+    void confirm(TextClient& editor, const std::string& text)
+    {
+        tap(XKB_KEY_Return);
+        program_->panel().waitUntilClosed();
+        editor.waitForText(text);
+        editor.setText("");
+    }
+
+    static bool isApart(const PanelRow& upper, const PanelRow& lower)
+    {
+        constexpr int spacing = 20; // Between two rows of one section there is less.
+        return lower.top - upper.bottom > spacing;
+    }
+
+    std::optional<PanelRows> rows_;
+};
+
+TEST_F(PanelContentTest, AnEmptyHistoryHasNoRowsAndItsKeysDoNothing)
+{
+    const auto panel = program_->openPanel();
+    EXPECT_EQ(panel.frame.height, 220);
+    for (const auto key : {XKB_KEY_Up, XKB_KEY_Down, XKB_KEY_Return, XKB_KEY_KP_Enter})
+        tap(static_cast<KeySymbol>(key));
+    for (const auto key : {XKB_KEY_BackSpace, XKB_KEY_Delete, XKB_KEY_p})
+        tapWithControl(static_cast<KeySymbol>(key));
+    // They have been seen by the time that a later copy is.
+    CountedCopies copies(desktop_, *program_);
+    copies.copyText("A");
+    rows_->waitForSelection(0);
+    EXPECT_EQ(program_->panel().find()->window, panel.window) << "It was closed and opened again.";
+    program_->closePanel();
+}
+
+TEST_F(PanelContentTest, TheOnlyEntryStaysSelected)
+{
+    TextClient editor(desktop_, TextClientKind::gtk);
+    copyTexts({"A"});
+    program_->openPanel();
+    rows_->waitForSelection(0);
+    tap(XKB_KEY_Up);
+    tap(XKB_KEY_Down);
+    confirm(editor, "A");
+}
+
+TEST_F(PanelContentTest, DownStopsAtTheLastEntryAndUpAtTheFirst)
+{
+    TextClient editor(desktop_, TextClientKind::gtk);
+    copyTexts({"A", "B", "C"});
+    program_->openPanel();
+    rows_->waitForSelection(0);
+    for (int press = 0; press < 4; ++press)
+        tap(XKB_KEY_Down);
+    rows_->waitForSelection(2);
+    confirm(editor, "A");
+    program_->openPanel();
+    tap(XKB_KEY_Down);
+    rows_->waitForSelection(1);
+    for (int press = 0; press < 3; ++press)
+        desktop_.keyboard().chord({XKB_KEY_Shift_L}, XKB_KEY_Up); // No modifier but Command counts.
+    rows_->waitForSelection(0);
+    tap(XKB_KEY_KP_Enter);
+    program_->panel().waitUntilClosed();
+    editor.waitForText("C");
+}
+
+TEST_F(PanelContentTest, PinnedEntriesComeFirstUnderACaptionOfTheirOwn)
+{
+    TextClient editor(desktop_, TextClientKind::gtk);
+    copyTexts({"A", "B", "C"});
+    program_->openPanel();
+    const auto unpinned = rows_->waitForCount(3);
+    EXPECT_FALSE(isApart(unpinned[0], unpinned[1]) || isApart(unpinned[1], unpinned[2]))
+        << "There is one caption.";
+    tapWithControl(XKB_KEY_p);
+    rows_->waitUntil("C under a caption of its own",
+                     [](const auto& rows) { return rows.size() == 3 && isApart(rows[0], rows[1]); });
+    tap(XKB_KEY_Down);
+    tap(XKB_KEY_Down);
+    tapWithControl(XKB_KEY_p);
+    const auto rows = rows_->waitUntil("C and A under one caption", [](const auto& seen) {
+        return seen.size() == 3 && !isApart(seen[0], seen[1]) && isApart(seen[1], seen[2]);
+    });
+    EXPECT_TRUE(rows[1].isSelected) << "The entry that was pinned stays selected.";
+    tap(XKB_KEY_Up);
+    tap(XKB_KEY_Down);
+    tap(XKB_KEY_Down);
+    rows_->waitForSelection(2);
+    tapWithControl(XKB_KEY_p);
+    rows_->waitUntil("one caption again", [](const auto& seen) {
+        return seen.size() == 3 && !isApart(seen[0], seen[1]) && !isApart(seen[1], seen[2]);
+    });
+    tapWithControl(XKB_KEY_p);
+    rows_->waitForSelection(2);
+    program_->closePanel();
+    for (const auto& [position, text] :
+         std::vector<std::pair<int, std::string>>{{0, "C"}, {1, "A"}, {2, "B"}}) {
+        program_->openPanel();
+        for (int press = 0; press < position; ++press)
+            tap(XKB_KEY_Down);
+        confirm(editor, text);
+    }
+}
+
+TEST_F(PanelContentTest, AfterADeletionTheFirstEntryIsSelected)
+{
+    TextClient editor(desktop_, TextClientKind::gtk);
+    copyTexts({"A", "B", "C", "D"});
+    program_->openPanel();
+    tap(XKB_KEY_Down);
+    tap(XKB_KEY_Down);
+    rows_->waitForSelection(2);
+    tapWithControl(XKB_KEY_Delete);
+    rows_->waitForCount(3);
+    rows_->waitForSelection(0);
+    tap(XKB_KEY_Down);
+    tap(XKB_KEY_Delete); // Without Command neither key deletes.
+    tap(XKB_KEY_BackSpace);
+    desktop_.keyboard().chord({XKB_KEY_Super_L}, XKB_KEY_BackSpace);
+    rows_->waitForCount(2);
+    rows_->waitForSelection(0);
+    confirm(editor, "D");
+    program_->openPanel();
+    tap(XKB_KEY_Down);
+    confirm(editor, "A");
+}
+
+TEST_F(PanelContentTest, TheSelectionStaysInViewToBothEndsAndSoDoesTheCaption)
+{
+    program_->openPanel();
+    CountedCopies copies(desktop_, *program_);
+    for (int number = 0; number < 9; ++number)
+        copies.copyText("entry " + std::to_string(number));
+    program_->closePanel();
+    program_->openPanel();
+    rows_->waitForSelection(0);
+    const auto atTheTop = program_->panel().picture();
+    for (int press = 0; press < 9; ++press)
+        tap(XKB_KEY_Down);
+    rows_->waitUntil("the last row selected", [](const auto& rows) {
+        return !rows.empty() && rows.back().isSelected && !rows.front().isSelected;
+    });
+    for (int press = 0; press < 9; ++press)
+        tap(XKB_KEY_Up);
+    desktop_.connection().waitUntil("the panel to look as at first",
+                                    [&] { return program_->panel().picture() == atTheTop; });
+    program_->closePanel();
+}
+
+TEST_F(PanelContentTest, OtherKeysDoNothingAndTakeNothingFromIt)
+{
+    TextClient editor(desktop_, TextClientKind::gtk);
+    copyTexts({"A", "B"});
+    const auto panel = program_->openPanel();
+    desktop_.keyboard().type("vpxX\t\t ");
+    for (const auto key : {XKB_KEY_Home, XKB_KEY_F5, XKB_KEY_Left, XKB_KEY_Delete})
+        tap(static_cast<KeySymbol>(key));
+    for (const auto key : {XKB_KEY_v, XKB_KEY_a, XKB_KEY_w, XKB_KEY_q})
+        tapWithControl(static_cast<KeySymbol>(key));
+    tap(XKB_KEY_Down);
+    rows_->waitForSelection(1);
+    EXPECT_EQ(program_->panel().find()->window, panel.window);
+    confirm(editor, "A");
+}
+
+TEST_F(PanelContentTest, AClickSelectsAndADoubleClickPastes)
+{
+    TextClient editor(desktop_, TextClientKind::gtk);
+    copyTexts({"A", "B", "C"});
+    program_->openPanel();
+    rows_->waitForSelection(0);
+    clickRow(1);
+    rows_->waitForSelection(1);
+    desktop_.pointer().moveTo(rows_->placeOf(2));
+    desktop_.pointer().click();
+    desktop_.pointer().click();
+    program_->panel().waitUntilClosed();
+    editor.waitForText("A");
+}
+
+TEST_F(PanelContentTest, TheRowUnderThePointerIsHoveredWhateverScrollsThere)
+{
+    program_->openPanel();
+    CountedCopies copies(desktop_, *program_);
+    for (int number = 0; number < 9; ++number)
+        copies.copyText("entry " + std::to_string(number));
+    program_->closePanel();
+    program_->openPanel();
+    desktop_.pointer().moveTo(rows_->placeOf(2));
+    const int pointer = desktop_.pointer().location().y - program_->panel().find()->frame.y;
+    const auto isHoveredWhereThePointerIs = [&](const auto& rows) {
+        return std::all_of(rows.begin(), rows.end(), [&](const PanelRow& row) {
+            constexpr int outline = 2; // It belongs to the row.
+            if (pointer >= row.top && pointer < row.bottom)
+                return row.isHovered;
+            return !row.isHovered || (pointer >= row.top - outline && pointer < row.bottom + outline);
+        });
+    };
+    rows_->waitUntil("the third row hovered and the first selected", [&](const auto& rows) {
+        return rows.size() > 3 && rows[2].isHovered && rows[0].isSelected && isHoveredWhereThePointerIs(rows);
+    });
+    for (int notch = 0; notch < 3; ++notch)
+        desktop_.pointer().click(PointerButton::wheelDown);
+    rows_->waitUntil(
+        "the selected row out of view, and the one under the pointer hovered", [&](const auto& rows) {
+            return std::none_of(rows.begin(), rows.end(), [](const auto& row) { return row.isSelected; }) &&
+                   isHoveredWhereThePointerIs(rows);
+        });
+    tap(XKB_KEY_Up); // The first entry is still the selected one, and comes back.
+    rows_->waitForSelection(0);
+    desktop_.pointer().moveTo(restingPlace);
+    rows_->waitUntil("no row hovered", [](const auto& rows) {
+        return std::none_of(rows.begin(), rows.end(), [](const auto& row) { return row.isHovered; });
+    });
+    program_->closePanel();
+}
+
+TEST_F(PanelContentTest, TheMenuCopiesAndLeavesThePanelOpen)
+{
+    TextClient editor(desktop_, TextClientKind::gtk);
+    copyTexts({"A", "B", "C"});
+    program_->openPanel();
+    openMenuOn(2);
+    SelectionWatch clipboard(desktop_.displayName());
+    tap(XKB_KEY_Down);
+    tap(XKB_KEY_Return);
+    waitUntilMenuIsGone();
+    clipboard.waitForMoreThan(0);
+    rows_->waitForSelection(0); // A right click selects nothing.
+    program_->closePanel();
+    desktop_.connection().waitUntil("the editor to have the focus again", [&] { return editor.hasFocus(); });
+    editor.pressPasteKeys();
+    editor.waitForText("A");
+}
+
+TEST_F(PanelContentTest, TheMenuPinsAndDeletes)
+{
+    copyTexts({"A", "B", "C"});
+    program_->openPanel();
+    openMenuOn(2);
+    tap(XKB_KEY_Down);
+    tap(XKB_KEY_Down);
+    tap(XKB_KEY_Return);
+    waitUntilMenuIsGone();
+    rows_->waitUntil("A pinned",
+                     [](const auto& rows) { return rows.size() == 3 && isApart(rows[0], rows[1]); });
+    rows_->waitForSelection(1);
+    openMenuOn(0);
+    tap(XKB_KEY_Up); // To the last one.
+    tap(XKB_KEY_Return);
+    waitUntilMenuIsGone();
+    rows_->waitForCount(2);
+    tap(XKB_KEY_Down); // The keys are the panel's again.
+    rows_->waitForSelection(1);
+    program_->closePanel();
+}
+
+TEST_F(PanelContentTest, EscapeClosesTheMenuAndTheNextOneThePanel)
+{
+    copyTexts({"A", "B"});
+    program_->openPanel();
+    openMenuOn(1);
+    tap(XKB_KEY_Escape);
+    waitUntilMenuIsGone();
+    EXPECT_TRUE(program_->panel().isOpen());
+    tap(XKB_KEY_Down);
+    rows_->waitForSelection(1);
+    tap(XKB_KEY_Escape);
+    program_->panel().waitUntilClosed();
+}
+
+TEST_F(PanelContentTest, TheMenuKeyOpensTheMenuOfTheSelectedRow)
+{
+    copyTexts({"A", "B"});
+    program_->openPanel();
+    tap(XKB_KEY_Down);
+    rows_->waitForSelection(1);
+    tap(XKB_KEY_Menu);
+    desktop_.connection().waitUntil("the menu", [this] { return menu().has_value(); });
+    tap(XKB_KEY_Up);
+    tap(XKB_KEY_Return);
+    rows_->waitForCount(1);
+    program_->closePanel();
+}
+
+TEST_F(PanelContentTest, TheHotKeyClosesThePanelWithItsMenu)
+{
+    copyTexts({"A", "B"});
+    program_->openPanel();
+    openMenuOn(1);
+    program_->pressHotKey();
+    program_->panel().waitUntilClosed();
+    waitUntilMenuIsGone();
+    program_->openPanel();
+    program_->closePanel();
+}
+
+TEST_F(PanelContentTest, AClickBesideTheMenuDoesNothingElse)
+{
+    copyTexts({"A", "B"});
+    program_->openPanel();
+    openMenuOn(1);
+    desktop_.pointer().moveTo(clearAllButton());
+    desktop_.pointer().click();
+    waitUntilMenuIsGone();
+    tap(XKB_KEY_Down);
+    rows_->waitForSelection(1);
+    EXPECT_EQ(rows_->waitForCount(2).size(), 2U);
+    program_->closePanel();
+}
+
+TEST_F(PanelContentTest, TheMenuStaysWhileTheHistoryChanges)
+{
+    TextClient editor(desktop_, TextClientKind::gtk);
+    copyTexts({"A", "B"});
+    program_->openPanel();
+    openMenuOn(1);
+    copies_->copyText("C");
+    ASSERT_TRUE(menu());
+    tap(XKB_KEY_Up);
+    tap(XKB_KEY_Return);
+    waitUntilMenuIsGone();
+    rows_->waitForCount(2);
+    rows_->waitForSelection(1);
+    confirm(editor, "B");
+}
+
+TEST_F(PanelContentTest, ItsButtonsCloseAndClear)
+{
+    copyTexts({"A", "B", "C"});
+    program_->openPanel();
+    tapWithControl(XKB_KEY_p);
+    rows_->waitUntil("a pin", [](const auto& rows) { return rows.size() == 3 && isApart(rows[0], rows[1]); });
+    desktop_.pointer().moveTo(closeButton());
+    desktop_.pointer().click();
+    program_->panel().waitUntilClosed();
+    program_->openPanel();
+    rows_->waitForCount(3);
+    for (int click = 0; click < 2; ++click) { // It is never disabled.
+        desktop_.pointer().moveTo(clearAllButton());
+        desktop_.pointer().click();
+        rows_->waitForCount(0);
+    }
+    program_->closePanel();
+    copies_.reset();
+    copyTexts({"D", "E"});
+    program_->openPanel();
+    rows_->waitForSelection(0);
+    const auto rows = rows_->waitForCount(2);
+    EXPECT_FALSE(isApart(rows[0], rows[1])) << "A pin is left.";
+    program_->closePanel();
+}
+
+TEST_F(PanelContentTest, ANewEntryLeavesTheSelectionWhereItIs)
+{
+    TextClient editor(desktop_, TextClientKind::gtk);
+    copyTexts({"A", "B"});
+    program_->openPanel();
+    tap(XKB_KEY_Down);
+    copies_->copyText("C");
+    rows_->waitForSelection(2);
+    confirm(editor, "A");
+}
+
+/// The tint is the settings'.
+class PanelTintTest : public PanelContentTest {
+protected:
+    void SetUp() override {}
+};
+
+TEST_F(PanelTintTest, GoesFromNothingToBlack)
+{
+    for (const auto& [tint, colour] :
+         std::vector<std::pair<std::string, Colour>>{{"0", {30, 30, 32}}, {"1", {0, 0, 0}}}) {
+        restartProgramWith("{\"tesselclipboard.panelTintOpacity\": " + tint + "}");
+        program_->openPanel();
+        const auto picture = program_->panel().picture();
+        EXPECT_EQ(picture.at(Panel::width / 2, picture.height - 20), colour);
+        program_->closePanel();
+    }
+}
+
+} // namespace
+
+} // namespace tessel::desktop
