@@ -23,6 +23,11 @@ std::chrono::microseconds quantile(const std::vector<std::chrono::microseconds>&
     return sorted[static_cast<std::size_t>(fraction * last)];
 }
 
+std::chrono::microseconds toMicroseconds(std::chrono::nanoseconds time)
+{
+    return std::chrono::duration_cast<std::chrono::microseconds>(time);
+}
+
 std::chrono::nanoseconds sum(const std::vector<ProcessorWait>& waits)
 {
     return std::accumulate(
@@ -56,19 +61,25 @@ void Heartbeat::listen(const std::string& sessionBusAddress, const BusAddress& p
     waits.push_back(ProcessorWait::ofThisThread());
     std::transform(processes.begin(), processes.end(), std::back_inserter(waits),
                    &ProcessorWait::ofMainThread);
+    // Without one there is this thread, which does next to nothing.
+    const ProcessorWait& asked = waits.at(processes.empty() ? 0 : 1);
     auto next = std::chrono::steady_clock::now();
     while (!isEnding_) {
         const auto waitedBefore = sum(waits);
-        const auto asked = std::chrono::steady_clock::now();
+        const auto ownWaitBefore = asked.total();
+        const auto runBefore = asked.run();
+        const auto before = std::chrono::steady_clock::now();
         if (!client.askObject(program.name, program.path, Deadline(patience))) {
             hasLost_ = true;
             return;
         }
         const auto answered = std::chrono::steady_clock::now();
+        const auto run = asked.run() - runBefore;
+        const auto ownWait = asked.total() - ownWaitBefore;
         const auto waited = sum(waits) - waitedBefore;
-        answers_.push_back(std::chrono::duration_cast<std::chrono::microseconds>(answered - asked));
-        longestAtWork_ = std::max(
-            longestAtWork_, std::chrono::duration_cast<std::chrono::microseconds>(answered - asked - waited));
+        answers_.push_back(toMicroseconds(answered - before));
+        longestAtWork_ = std::max(longestAtWork_, toMicroseconds(answered - before - waited));
+        longestRun_ = std::max(longestRun_, toMicroseconds(run - (waited - ownWait)));
         next = std::max(next + interval, answered);
         std::this_thread::sleep_until(next);
     }
@@ -81,8 +92,8 @@ HeartbeatReport Heartbeat::finish()
     if (hasLost_ || answers_.empty())
         throw DesktopFailure("the program stopped answering on the session bus");
     std::sort(answers_.begin(), answers_.end());
-    return {answers_.size(), quantile(answers_, 0.5), quantile(answers_, 0.99), answers_.back(),
-            longestAtWork_};
+    return {answers_.size(), quantile(answers_, 0.5), quantile(answers_, 0.99),
+            answers_.back(), longestAtWork_,          longestRun_};
 }
 
 } // namespace tessel::desktop

@@ -25,6 +25,9 @@ struct HeartbeatReport {
     std::chrono::microseconds longest{};
     /// The longest time less what was spent waiting for a processor.
     std::chrono::microseconds longestAtWork{};
+    /// The longest that the main thread itself ran before it answered; of what it did while the others on the
+    /// way were waiting, only what goes beyond their wait.
+    std::chrono::microseconds longestRun{};
 };
 
 /// Asks a program's main thread for an answer about every millisecond, and records how long each answer took.
@@ -34,7 +37,7 @@ class Heartbeat {
 public:
     /// Begins at once; throws `DesktopFailure` if the program does not answer at all. The main threads of
     /// `processes` are those that an answer passes through, or that the program may be waiting for: its own,
-    /// the bus's, the X server's.
+    /// the bus's, the X server's. The first of them is the program's.
     Heartbeat(const std::string& sessionBusAddress, BusAddress program, std::vector<pid_t> processes = {});
     ~Heartbeat();
     Heartbeat(const Heartbeat&) = delete;
@@ -51,6 +54,7 @@ private:
     std::atomic<bool> hasLost_ = false;
     std::vector<std::chrono::microseconds> answers_;
     std::chrono::microseconds longestAtWork_{};
+    std::chrono::microseconds longestRun_{};
     std::thread thread_;
 };
 

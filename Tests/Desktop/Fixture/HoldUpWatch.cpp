@@ -22,7 +22,8 @@ HoldUp HoldUpWatch::finish()
 {
     const auto program = program_.finish();
     const auto idle = idle_.finish();
-    return {program.longest, idle.longest, program.longestAtWork, idle.longestAtWork};
+    return {program.longest,    idle.longest,       program.longestAtWork,
+            idle.longestAtWork, program.longestRun, idle.longestRun};
 }
 
 } // namespace tessel::desktop

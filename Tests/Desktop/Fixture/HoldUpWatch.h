@@ -17,6 +17,9 @@ struct HoldUp {
     std::chrono::microseconds idle{};
     std::chrono::microseconds programAtWork{};
     std::chrono::microseconds idleAtWork{};
+    /// How long at most each main thread itself ran before it answered.
+    std::chrono::microseconds programRun{};
+    std::chrono::microseconds idleRun{};
 };
 
 /// Watches, from its construction on, how long the program's main thread is held up.

@@ -39,7 +39,7 @@ ProcessorWait ProcessorWait::ofThisThread()
     return ProcessorWait(openStatistics("thread-self"));
 }
 
-std::chrono::nanoseconds ProcessorWait::total() const
+ProcessorWait::Times ProcessorWait::times() const
 {
     std::array<char, 96> text{};
     if (::pread(statistics_.get(), text.data(), text.size() - 1, 0) <= 0)
@@ -48,7 +48,7 @@ std::chrono::nanoseconds ProcessorWait::total() const
     long long waiting = 0;
     if (std::sscanf(text.data(), "%lld %lld", &running, &waiting) != 2)
         return {};
-    return std::chrono::nanoseconds(waiting);
+    return {std::chrono::nanoseconds(running), std::chrono::nanoseconds(waiting)};
 }
 
 } // namespace tessel::desktop

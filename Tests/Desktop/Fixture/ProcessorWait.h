@@ -18,9 +18,16 @@ public:
     static ProcessorWait ofThisThread();
 
     /// Zero once the thread is gone.
-    std::chrono::nanoseconds total() const;
+    std::chrono::nanoseconds total() const { return times().waiting; }
+    /// How long it has had a processor, in all. Zero once it is gone.
+    std::chrono::nanoseconds run() const { return times().running; }
 
 private:
+    struct Times {
+        std::chrono::nanoseconds running{};
+        std::chrono::nanoseconds waiting{};
+    };
+    Times times() const;
     explicit ProcessorWait(FileDescriptor statistics);
 
     FileDescriptor statistics_;

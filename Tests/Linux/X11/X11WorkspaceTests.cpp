@@ -67,6 +67,36 @@ TEST_F(X11WorkspaceBareTests, activatingReturnsTheFocusToTheWindowInsideThatHadI
     EXPECT_EQ(after, before);
 }
 
+TEST_F(X11WorkspaceBareTests, aHeldReturnDoesNotRepeatIntoTheActivatedWindow)
+{
+    OtherWindow target;
+    OtherWindow panel;
+    target.show();
+    target.takeFocus();
+    ASSERT_TRUE(waitUntil([&] { return target.hasFocus(); }));
+    const auto application = room.workspace->frontmostApplication();
+    panel.show();
+    panel.takeFocus();
+    ASSERT_TRUE(waitUntil([&] { return panel.hasFocus(); }));
+    ASSERT_TRUE(runProgram({"xset", "r", "rate", "300", "50"}));
+    int repetitions = 0;
+    const Token token = room.connection->observeEvents(
+        [&](const xcb_generic_event_t& event) { repetitions += eventKind(event) == XCB_KEY_PRESS; });
+    room.userTime->note(*room.connection->currentServerTime());
+    typist.press(Key::returnKey);
+    EXPECT_TRUE(application->activate(ActivationOptions::ignoringOtherApps));
+    ASSERT_TRUE(waitUntil([&] { return target.hasFocus(); }));
+    EXPECT_TRUE(waitUntil([&] { return repetitions >= 1; })) << "The repetitions have to come to us.";
+    typist.release(Key::returnKey);
+    target.synchronize();
+    EXPECT_EQ(target.presses(), 0);
+    EXPECT_TRUE(waitUntil([&] {
+        typist.tap(Key::a);
+        target.synchronize();
+        return target.presses(Key::a, Modifier::none) > 0;
+    })) << "The keyboard is free again.";
+}
+
 TEST_F(X11WorkspaceManagedTests, theFrontmostApplicationIsTheActiveWindow)
 {
     OtherWindow first;

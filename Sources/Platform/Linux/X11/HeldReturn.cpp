@@ -35,6 +35,12 @@ void HeldReturn::waitForRelease(std::function<void()> didEnd)
     connection_->flush();
 }
 
+void HeldReturn::holdAtOnce()
+{
+    const auto reply = connection_->wait(xcb_query_keymap_reply, xcb_query_keymap(connection_->raw()));
+    keysAreDown(keysOf(reply.get()));
+}
+
 void HeldReturn::keysAreDown(const KeySet& down)
 {
     const Keymap& keymap = keyboard_->keymap();

@@ -22,6 +22,9 @@ public:
 
     /// Runs `didEnd` once no Return and no Enter is down any more; never before this call has returned.
     void waitForRelease(std::function<void()> didEnd);
+    /// Has the keyboard grabbed, if a Return or an Enter is down, before anything that is asked of the server
+    /// from now on. Takes a round trip.
+    void holdAtOnce();
 
 private:
     void keysAreDown(const KeySet& down);

@@ -31,6 +31,8 @@ bool RecordedWindow::activate(ActivationOptions)
     X11Connection& connection = *rooms_.connection;
     if (isClosed_ || !connection.isAlive())
         return false;
+    if (rooms_.willActivate)
+        rooms_.willActivate();
     const xcb_timestamp_t time = rooms_.userTime->last();
     if (rooms_.windowManager->maintainsActiveWindow()) {
         const auto ours = rooms_.toolkitWindows->focusedWindow().value_or(noWindow);

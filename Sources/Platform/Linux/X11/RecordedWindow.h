@@ -1,5 +1,6 @@
 #pragma once
 
+#include <functional>
 #include <memory>
 #include <optional>
 
@@ -20,6 +21,8 @@ public:
         std::shared_ptr<WindowManager> windowManager;
         std::shared_ptr<ToolkitWindows> toolkitWindows;
         std::shared_ptr<UserTime> userTime;
+        /// Runs before a window is given the focus. May be absent.
+        std::function<void()> willActivate;
     };
 
     /// `focus` is the window inside `window` that had the focus, or `window` itself. Asks for the process in

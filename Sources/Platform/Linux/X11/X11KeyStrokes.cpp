@@ -30,6 +30,12 @@ void X11KeyStrokes::postKeyStroke(std::uint16_t keyCode, ModifierFlags flags,
         beginNext();
 }
 
+void X11KeyStrokes::targetWillGetFocus()
+{
+    returnBefore_ = std::make_unique<HeldReturn>(rooms_.connection, rooms_.keyboard, rooms_.patience.release);
+    returnBefore_->holdAtOnce();
+}
+
 void X11KeyStrokes::beginNext()
 {
     if (waiting_.empty())

@@ -28,6 +28,10 @@ public:
     void postKeyStroke(std::uint16_t keyCode, ModifierFlags flags,
                        std::optional<ProcessIdentifier> process) override;
 
+    /// A stroke is to follow, and its target gets the focus before: a Return that is held down must not
+    /// repeat into it meanwhile.
+    void targetWillGetFocus();
+
     /// True while strokes are waiting for the focus.
     bool isBusy() const { return current_ != nullptr; }
 
@@ -38,6 +42,7 @@ private:
     PasteStroke::Rooms rooms_;
     std::deque<std::optional<xcb_window_t>> waiting_;
     std::unique_ptr<PasteStroke> current_;
+    std::unique_ptr<HeldReturn> returnBefore_;
     /// Receives the calls that are queued for a later turn of the loop; they go with it.
     QObject context_;
 };

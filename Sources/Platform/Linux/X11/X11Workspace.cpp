@@ -14,12 +14,13 @@ namespace tessel {
 X11Workspace::X11Workspace(std::shared_ptr<X11Connection> connection,
                            std::shared_ptr<WindowManager> windowManager,
                            std::shared_ptr<ToolkitWindows> toolkitWindows, std::shared_ptr<UserTime> userTime,
-                           Launcher launcher)
+                           Launcher launcher, std::function<void()> willActivate)
     : connection_(std::move(connection))
     , windowManager_(std::move(windowManager))
     , toolkitWindows_(std::move(toolkitWindows))
     , userTime_(std::move(userTime))
     , launcher_(std::move(launcher))
+    , willActivate_(std::move(willActivate))
 {}
 
 std::shared_ptr<RunningApplication> X11Workspace::frontmostApplication()
@@ -28,8 +29,8 @@ std::shared_ptr<RunningApplication> X11Workspace::frontmostApplication()
     if (!front)
         return nullptr;
     return std::make_shared<RecordedWindow>(
-        RecordedWindow::Rooms{connection_, windowManager_, toolkitWindows_, userTime_}, front->window,
-        front->focus);
+        RecordedWindow::Rooms{connection_, windowManager_, toolkitWindows_, userTime_, willActivate_},
+        front->window, front->focus);
 }
 
 std::optional<X11Workspace::FrontWindow> X11Workspace::frontWindow()

@@ -24,7 +24,7 @@ public:
 
     X11Workspace(std::shared_ptr<X11Connection> connection, std::shared_ptr<WindowManager> windowManager,
                  std::shared_ptr<ToolkitWindows> toolkitWindows, std::shared_ptr<UserTime> userTime,
-                 Launcher launcher = launchDetached);
+                 Launcher launcher = launchDetached, std::function<void()> willActivate = {});
 
     /// One round trip where a window manager maintains the active window; without one, one for each window
     /// that the focus lies in.
@@ -50,6 +50,7 @@ private:
     std::shared_ptr<ToolkitWindows> toolkitWindows_;
     std::shared_ptr<UserTime> userTime_;
     Launcher launcher_;
+    std::function<void()> willActivate_;
 };
 
 } // namespace tessel

@@ -18,8 +18,9 @@ public:
     /// that a large value may take as long as it needs: neither the time that it takes nor the number or the
     /// size of its pieces is bounded, only the silence between two of them. An owner that sends a byte now
     /// and then costs a read for each, and is left as soon as there is a new one. Long enough for an
-    /// application that renders a big picture first, or is busy.
-    static constexpr std::chrono::seconds longestSilence{10};
+    /// application that renders a big picture first, or is busy, and for what is sent in one piece of any
+    /// size on a busy machine. Nobody waits for it: the next owner is turned to at once.
+    static constexpr std::chrono::seconds longestSilence{30};
     /// Properties are read in pieces of this many bytes, straight into the final buffer: large enough that a
     /// big text needs few round trips, small enough that serving others goes on in between.
     static constexpr std::size_t sliceBytes = std::size_t{1} << 20;
