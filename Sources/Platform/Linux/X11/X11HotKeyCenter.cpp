@@ -4,11 +4,22 @@
 #include <utility>
 
 #include <QtWidgets/QApplication>
+#include <xcb/xinput.h>
 
 #include "KeyEvent.h"
+#include "X11/KeyboardDevices.h"
 #include "X11/XkbProtocol.h"
 
 namespace tessel {
+
+namespace {
+
+std::uint8_t inputOpcode(const X11Connection& connection)
+{
+    return xcb_get_extension_data(connection.raw(), &xcb_input_id)->major_opcode;
+}
+
+} // namespace
 
 X11HotKeyCenter::X11HotKeyCenter(std::shared_ptr<X11Connection> connection,
                                  std::shared_ptr<X11Keyboard> keyboard,
@@ -30,7 +41,6 @@ X11HotKeyCenter::X11HotKeyCenter(std::shared_ptr<X11Connection> connection,
         xcb_discard_reply(connection_->raw(), cookie.sequence);
     }
     keymapChanges_ = keyboard_->observeChanges([this] { keymapDidChange(); });
-    focusEvents_ = connection_->selectEvents(connection_->root(), XCB_EVENT_MASK_FOCUS_CHANGE);
     if (qGuiApp != nullptr)
         qGuiApp->installNativeEventFilter(this);
     events_ = connection_->observeEvents([this](const xcb_generic_event_t& event) { follow(event); });
@@ -154,7 +164,6 @@ void X11HotKeyCenter::releaseGrabs()
             requestRelease(*registration.grab);
     // A press that is being held keeps the whole keyboard grabbed.
     xcb_ungrab_keyboard(connection_->raw(), XCB_CURRENT_TIME);
-    heldKey_.reset();
 }
 
 void X11HotKeyCenter::restoreGrabs()
@@ -212,11 +221,10 @@ void X11HotKeyCenter::follow(const xcb_generic_event_t& event)
     case XCB_KEY_RELEASE:
         passOn(eventAs<xcb_key_release_event_t>(event));
         return keyReleased(eventAs<xcb_key_release_event_t>(event).detail);
-    case XCB_FOCUS_OUT: {
-        // The end of a grab of the root window. Whatever ended ours, the release of the key may be another's.
-        const auto& focus = eventAs<xcb_focus_out_event_t>(event);
-        if (focus.event == connection_->root() && focus.mode == XCB_NOTIFY_MODE_UNGRAB)
-            heldKey_.reset();
+    case XCB_GE_GENERIC: {
+        const auto& raw = eventAs<xcb_input_raw_key_release_event_t>(event);
+        if (raw.extension == inputOpcode(*connection_) && raw.event_type == XCB_INPUT_RAW_KEY_RELEASE)
+            keyReleased(static_cast<Keycode>(raw.detail));
         return;
     }
     case XCB_PROPERTY_NOTIFY: {
@@ -241,7 +249,7 @@ bool X11HotKeyCenter::keyPressed(const xcb_key_press_event_t& event)
         return false;
     if (heldKey_ == event.detail)
         return true;
-    heldKey_ = event.detail;
+    setHeldKey(event.detail);
     userTime_->note(event.time);
     const EventHotKeyID identifier = found->second.identifier;
     const auto handlers = handlers_; // A handler may register, unregister, or remove itself.
@@ -268,7 +276,35 @@ void X11HotKeyCenter::passOn(const xcb_key_press_event_t& event)
 void X11HotKeyCenter::keyReleased(Keycode key)
 {
     if (heldKey_ == key)
-        heldKey_.reset();
+        setHeldKey(std::nullopt);
+}
+
+void X11HotKeyCenter::setHeldKey(std::optional<Keycode> key)
+{
+    heldKey_ = key;
+    if (!connection_->extensions().input)
+        return;
+    // Whoever ends our grab before the key is up gets its release. Raw events come all the same (XInput 2.1);
+    // they are asked for only while they are needed, for there is one for every key of the user.
+    struct {
+        xcb_input_event_mask_t head = {XCB_INPUT_DEVICE_ALL_MASTER, 1};
+        std::uint32_t events = 0;
+    } mask;
+    if (key)
+        mask.events = XCB_INPUT_XI_EVENT_MASK_RAW_KEY_RELEASE;
+    xcb_input_xi_select_events(connection_->raw(), connection_->root(), 1, &mask.head);
+    if (key)
+        checkWhetherIsHeld(*key);
+    connection_->flush();
+}
+
+void X11HotKeyCenter::checkWhetherIsHeld(Keycode key)
+{
+    connection_->whenReplied<xcb_query_keymap_reply_t>(xcb_query_keymap(connection_->raw()), lifetime_,
+                                                       [this, key](const auto* reply) {
+                                                           if (reply != nullptr && !keysOf(reply)[key])
+                                                               keyReleased(key);
+                                                       });
 }
 
 } // namespace tessel

@@ -39,8 +39,8 @@ public:
                                                  EventHotKeyID identifier) override;
     void unregisterEventHotKey(HotKeyRef hotKey) override;
 
-    /// Lets go of every grab, so that keys that follow on the same connection reach the focused window. Ends
-    /// a press that is being held, too. Both requests are only queued: whoever makes them flushes the
+    /// Lets go of every grab, so that keys that follow on the same connection reach the focused window, even
+    /// while a hot key is being held. Both requests are only queued: whoever makes them flushes the
     /// connection.
     void releaseGrabs();
     /// Takes the grabs again.
@@ -82,6 +82,9 @@ private:
     /// False: that is no hot key.
     bool keyPressed(const xcb_key_press_event_t& event);
     void keyReleased(Keycode key);
+    void setHeldKey(std::optional<Keycode> key);
+    /// The key may have come up before its release was asked for.
+    void checkWhetherIsHeld(Keycode key);
     void passOn(const xcb_key_press_event_t& event);
 
     std::shared_ptr<X11Connection> connection_;
@@ -95,7 +98,6 @@ private:
     /// The key of a hot key that is being held: its repetitions are not presses.
     std::optional<Keycode> heldKey_;
     Token keymapChanges_;
-    Token focusEvents_;
     Token events_;
     /// Replies that come after the center has gone are not for it.
     std::shared_ptr<void> lifetime_ = std::make_shared<char>();
