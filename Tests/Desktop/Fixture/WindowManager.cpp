@@ -33,6 +33,9 @@ constexpr std::string_view i3Configuration =
 constexpr std::string_view kwinGlobalConfiguration = "[KDE]\nAnimationDurationFactor=0\n";
 constexpr std::string_view kwinConfiguration = "[Desktops]\nNumber=2\n";
 
+/// What openbox leaves on the root window once a window that is mapped will not be overlooked.
+constexpr const char* readyProperty = "TESSEL_TEST_READY";
+
 std::vector<std::string> managerCommand(WindowManagerChoice choice, const TemporaryDirectory& directory)
 {
     switch (choice) {
@@ -40,7 +43,13 @@ std::vector<std::string> managerCommand(WindowManagerChoice choice, const Tempor
         break;
     case WindowManagerChoice::openbox: {
         const auto file = directory.write("openbox.xml", std::string(openboxConfiguration));
-        return {"openbox", "--sm-disable", "--config-file", file.string()};
+        // It announces itself before it is ready for windows, and then runs this.
+        return {"openbox",
+                "--sm-disable",
+                "--config-file",
+                file.string(),
+                "--startup",
+                std::string("xprop -root -f ") + readyProperty + " 32c -set " + readyProperty + " 1"};
     }
     case WindowManagerChoice::xfwm4:
         // Its settings come over the session bus, where nobody has any: it takes its defaults.
@@ -90,6 +99,10 @@ WindowManager::WindowManager(WindowManagerChoice choice, XConnection& connection
             throw DesktopFailure(process_.name() + " ended; it said: " + process_.errorOutput());
         return isRunning(connection);
     });
+    if (choice == WindowManagerChoice::openbox)
+        connection.waitUntil("openbox to be ready for windows", [&] {
+            return !connection.propertyItems(connection.root(), readyProperty).empty();
+        });
     if (composites(choice))
         connection.waitUntil(process_.name() + " to composite the screen",
                              [&] { return connection.selectionOwner("_NET_WM_CM_S0") != XCB_WINDOW_NONE; });
