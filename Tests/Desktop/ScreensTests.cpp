@@ -102,8 +102,8 @@ TEST_P(TwoMonitorsTest, ThePrimaryMonitorIsTheMainOne)
 {
     monitors_.set({{"second", right}, {"first", left}}, Monitors::Primary::first);
     awaitBeside({1500, 1100}, right);
-    expectBeside({999, 400}, left);
-    expectBeside({1000, 400}, right);
+    awaitBeside({999, 400}, left);
+    awaitBeside({1000, 400}, right);
 }
 
 TEST_P(ScreensTest, MonitorsThatComeGoAndChangeAreFollowed)

@@ -329,8 +329,7 @@ TEST_P(WindowManagerTest, ADoubleClickPastes)
     const auto panel = program_->openPanel().frame;
     // In the second of three rows, right of its text.
     desktop_.pointer().moveTo({panel.x + 300, panel.y + 185});
-    desktop_.pointer().click();
-    desktop_.pointer().click();
+    desktop_.pointer().doubleClick();
     program_->panel().waitUntilClosed();
     clipboard.waitForMoreThan(0);
     expectPastedOnce(target, "B");
@@ -376,6 +375,21 @@ TEST_P(WindowManagerTest, ACaptureNearTheBottomEdgeLetsItGrowUpwards)
     keepPicture("4-grown-at-the-bottom");
     program_->closePanel();
     waitForFocus(editor);
+}
+
+TEST_P(WindowManagerTest, TheCommandLineOpensItWithTheFocusOverAProgramThatIsTypedInto)
+{
+    TextClient other(desktop_, TextClientKind::gtk);
+    copyTexts({"A", "B"});
+    // The program's user did something last before this editor was there.
+    TextClient editor(desktop_, TextClientKind::qt);
+    editor.activate();
+    desktop_.keyboard().type("typed ");
+    editor.waitForText("typed ");
+    EXPECT_TRUE(Program::runOption(desktop_, "--toggle").status.succeeded());
+    program_->panel().waitUntilOpen();
+    desktop_.keyboard().tap(XKB_KEY_Return);
+    expectPastedOnce(editor, "typed B");
 }
 
 TEST_P(WindowManagerTest, ItOpensOverAFullScreenWindow)

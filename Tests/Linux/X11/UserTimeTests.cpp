@@ -34,6 +34,18 @@ TEST(UserTime, aTimeOfTheClocksSecondHalfIsTakenFirst)
     EXPECT_EQ(time.last(), 0xF0000000U);
 }
 
+TEST(UserTime, aRequestWithoutATimeIsNotTakenForAnOldOne)
+{
+    UserTime time;
+    time.note(1000);
+    time.noteStartupIdentifier("launcher-12-host-app_TIME1500");
+    EXPECT_EQ(time.last(), 1500U);
+    time.noteStartupIdentifier("");
+    EXPECT_EQ(time.last(), 0U);
+    time.note(1600);
+    EXPECT_EQ(time.last(), 1600U);
+}
+
 TEST(UserTime, aStartupIdentifierEndsInATime)
 {
     EXPECT_EQ(timeOfStartupIdentifier("launcher-12-host-app_TIME345678"), 345678U);

@@ -185,21 +185,6 @@ TEST_F(X11NativeWindowsBareTests, aFocusThatWentElsewhereStaysThereWhenThePanelI
     EXPECT_TRUE(second.hasFocus());
 }
 
-TEST_F(X11NativeWindowsBareTests, aPanelThatIsHiddenAtOnceDoesNotTakeTheFocus)
-{
-    OtherWindow other;
-    other.show();
-    other.takeFocus();
-    ASSERT_TRUE(waitUntil([&] { return other.hasFocus(); }));
-    TestPanel panel;
-    panel.prepare(room);
-    panel.open(room);
-    panel.hide();
-    ASSERT_TRUE(everythingIsAnswered());
-    other.synchronize();
-    EXPECT_TRUE(other.hasFocus());
-}
-
 TEST_F(X11NativeWindowsBareTests, aPanelThatFollowsAnotherAtOnceGivesTheFocusBackToWhoHadItFirst)
 {
     OtherWindow other;

@@ -96,6 +96,11 @@ Token ToolkitWindows::observeUnmapping(std::function<void(xcb_window_t)> didUnma
     return unmappingObservers_.add(std::move(didUnmap));
 }
 
+Token ToolkitWindows::observeDestruction(std::function<void(xcb_window_t)> didDestroy)
+{
+    return destructionObservers_.add(std::move(didDestroy));
+}
+
 bool ToolkitWindows::eventFilter(QObject* object, QEvent* event)
 {
     const auto type = event->type();
@@ -158,7 +163,7 @@ void ToolkitWindows::follow(const xcb_generic_event_t& event)
         std::erase(shown_, window);
         if (focused_ == window)
             setFocused(std::nullopt);
-        return;
+        return destructionObservers_.tell(window);
     }
     default:
         return;

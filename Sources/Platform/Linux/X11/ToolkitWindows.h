@@ -50,6 +50,8 @@ public:
     Token observeMapping(std::function<void(xcb_window_t)> didMap);
     /// Runs when the server has unmapped a window.
     Token observeUnmapping(std::function<void(xcb_window_t)> didUnmap);
+    /// Runs when the server has destroyed a window, whose number may be given to another one from then on.
+    Token observeDestruction(std::function<void(xcb_window_t)> didDestroy);
 
 private:
     bool eventFilter(QObject* object, QEvent* event) override;
@@ -73,6 +75,7 @@ private:
     ObserverList<xcb_window_t, QPoint> showingObservers_;
     ObserverList<xcb_window_t> mappingObservers_;
     ObserverList<xcb_window_t> unmappingObservers_;
+    ObserverList<xcb_window_t> destructionObservers_;
 };
 
 } // namespace tessel

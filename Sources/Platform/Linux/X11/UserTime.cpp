@@ -17,6 +17,8 @@ void UserTime::noteStartupIdentifier(std::string_view identifier)
 {
     if (const auto time = timeOfStartupIdentifier(identifier))
         note(*time);
+    else
+        last_ = XCB_CURRENT_TIME;
 }
 
 std::optional<xcb_timestamp_t> timeOfStartupIdentifier(std::string_view identifier)

@@ -13,7 +13,7 @@ namespace tessel {
 /// something.
 class UserTime {
 public:
-    /// In milliseconds. `XCB_CURRENT_TIME` (0): the user has not done anything yet.
+    /// In milliseconds. `XCB_CURRENT_TIME` (0): it is not known when, or the user has not done anything yet.
     xcb_timestamp_t last() const { return last_; }
 
     /// Takes `time` unless a later one is known. The server's clock wraps around after 49.7 days. 0 says
@@ -21,7 +21,8 @@ public:
     void note(xcb_timestamp_t time);
 
     /// Takes the time from a startup identifier (`DESKTOP_STARTUP_ID`, or an activation token handed over by
-    /// another program), when it has one.
+    /// another program). Without one the user has just asked for something, by a command say, at a time that
+    /// nobody knows: an older one would lose the focus to whatever the user did in between.
     void noteStartupIdentifier(std::string_view identifier);
 
 private:

@@ -1,6 +1,5 @@
 #include "X11/X11Application.h"
 
-#include <cstdlib>
 #include <utility>
 
 #include <QtCore/QCoreApplication>
@@ -31,10 +30,8 @@ void X11Application::activate(IgnoringOtherApps)
 
 void X11Application::terminate()
 {
-    // Not `quit`, which asks every window to close and takes a panel's own way of closing for a refusal.
     if (auto* application = QCoreApplication::instance())
-        QMetaObject::invokeMethod(
-            application, [] { QCoreApplication::exit(EXIT_SUCCESS); }, Qt::QueuedConnection);
+        QMetaObject::invokeMethod(application, &QCoreApplication::quit, Qt::QueuedConnection);
 }
 
 Token X11Application::observeActivity(std::function<void()> didChange)

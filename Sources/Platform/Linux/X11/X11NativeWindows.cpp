@@ -30,6 +30,8 @@ X11NativeWindows::X11NativeWindows(std::shared_ptr<X11Connection> connection,
         [this](xcb_window_t window, QPoint corner) { windowWillShow(window, corner); });
     unmapping_ = toolkitWindows_->observeUnmapping([this](xcb_window_t window) { windowDidUnmap(window); });
     mapping_ = toolkitWindows_->observeMapping([this](xcb_window_t window) { windowDidMap(window); });
+    destruction_ =
+        toolkitWindows_->observeDestruction([this](xcb_window_t window) { panels_.erase(window); });
     followCompositingManager();
 }
 

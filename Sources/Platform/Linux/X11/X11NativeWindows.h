@@ -72,6 +72,7 @@ private:
     Token showing_;
     Token mapping_;
     Token unmapping_;
+    Token destruction_;
     Token events_;
     std::shared_ptr<void> lifetime_ = std::make_shared<char>();
 };
