@@ -32,11 +32,23 @@ void Pointer::click(PointerButton button)
     release(button);
 }
 
+void Pointer::doubleClick(PointerButton button)
+{
+    for (const int eventType : {XCB_BUTTON_PRESS, XCB_BUTTON_RELEASE, XCB_BUTTON_PRESS, XCB_BUTTON_RELEASE})
+        request(static_cast<std::uint8_t>(eventType), button);
+    connection_.synchronize();
+}
+
 void Pointer::fake(std::uint8_t eventType, PointerButton button)
+{
+    request(eventType, button);
+    connection_.synchronize();
+}
+
+void Pointer::request(std::uint8_t eventType, PointerButton button)
 {
     xcb_test_fake_input(connection_.get(), eventType, static_cast<std::uint8_t>(button), XCB_CURRENT_TIME,
                         XCB_WINDOW_NONE, 0, 0, 0);
-    connection_.synchronize();
 }
 
 Place Pointer::location() const

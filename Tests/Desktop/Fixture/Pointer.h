@@ -26,10 +26,13 @@ public:
     void press(PointerButton button = PointerButton::left);
     void release(PointerButton button = PointerButton::left);
     void click(PointerButton button = PointerButton::left);
+    /// Two clicks with nothing but the server's own work between them.
+    void doubleClick(PointerButton button = PointerButton::left);
     Place location() const;
 
 private:
     void fake(std::uint8_t eventType, PointerButton button);
+    void request(std::uint8_t eventType, PointerButton button);
 
     XConnection& connection_;
 };

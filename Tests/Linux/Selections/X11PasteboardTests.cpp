@@ -142,7 +142,7 @@ TEST_F(PasteboardOnX11, ADeliberateClearIsKeptAsEmptiness)
 TEST_F(PasteboardOnX11, PrimaryIsOfferedUntilTheNextWrite)
 {
     write("ours");
-    pasteboard_.offerPrimary();
+    EXPECT_TRUE(pasteboard_.offerPrimary());
     ASSERT_TRUE(loop_.runUntil([&] {
         loop_.post([] {});
         return paste("UTF8_STRING", "primary") == "ours";
@@ -167,7 +167,7 @@ TEST_F(PasteboardOnX11, WithoutADisplayItHoldsWhatIsWritten)
     inert.setString(std::make_shared<const std::string>("text"));
     EXPECT_EQ(*inert.string(), "text");
     EXPECT_EQ(inert.changeCount(), 1);
-    inert.offerPrimary();
+    EXPECT_FALSE(inert.offerPrimary());
 }
 
 TEST_F(PasteboardOnX11, TheLossOfTheDisplayIsSurvived)
