@@ -26,6 +26,7 @@ struct DesktopOptions {
     BusChoice bus = BusChoice::sessionBus;
     CompositorChoice compositor = CompositorChoice::none;
     WindowManagerChoice windowManager = WindowManagerChoice::openbox;
+    ServerChoice server = ServerChoice::usual;
 };
 
 /// A complete desktop of its own: a virtual X server, a session bus, a window manager, an empty home

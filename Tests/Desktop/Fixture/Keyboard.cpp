@@ -86,6 +86,21 @@ void Keyboard::chord(std::initializer_list<KeySymbol> modifiers, KeySymbol symbo
         release(*modifier);
 }
 
+void Keyboard::sendTap(KeySymbol symbol, xcb_window_t window)
+{
+    for (const int eventType : {XCB_KEY_PRESS, XCB_KEY_RELEASE}) {
+        xcb_key_press_event_t event{};
+        event.response_type = static_cast<std::uint8_t>(eventType);
+        event.detail = keyCode(symbol);
+        event.root = connection_.root();
+        event.event = window;
+        event.same_screen = 1;
+        const auto mask = eventType == XCB_KEY_PRESS ? XCB_EVENT_MASK_KEY_PRESS : XCB_EVENT_MASK_KEY_RELEASE;
+        xcb_send_event(connection_.get(), 0, window, mask, reinterpret_cast<const char*>(&event));
+    }
+    connection_.flush();
+}
+
 void Keyboard::type(std::string_view text)
 {
     for (const char character : text) {

@@ -31,6 +31,8 @@ public:
     /// Presses the modifiers in order, taps the key, and releases the modifiers in the opposite order.
     void chord(std::initializer_list<KeySymbol> modifiers, KeySymbol symbol,
                std::chrono::milliseconds hold = {});
+    /// Sends a window the events of a tap, as programs can where no key can be moved.
+    void sendTap(KeySymbol symbol, xcb_window_t window);
     /// Types characters of ASCII that the layout has, with Shift where they need it.
     void type(std::string_view text);
 
