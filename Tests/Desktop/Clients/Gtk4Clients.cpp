@@ -105,7 +105,9 @@ int main(int argumentCount, char** arguments)
 {
     // Nothing here has to be drawn fast, and a virtual screen has no graphics card.
     g_setenv("GSK_RENDERER", "cairo", FALSE);
+    const char* name = argumentCount > 1 ? arguments[1] : "gtk4-text-view";
+    g_set_prgname(name);
     gtk_init();
-    tessel::desktop::run(argumentCount > 1 ? arguments[1] : "gtk4-text-view");
+    tessel::desktop::run(name);
     return 0;
 }

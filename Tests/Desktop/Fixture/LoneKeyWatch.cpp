@@ -23,10 +23,21 @@ LoneKeyWatch::LoneKeyWatch(const std::string& displayName, xcb_keycode_t key)
 
 int LoneKeyWatch::count()
 {
+    read();
+    return count_;
+}
+
+int LoneKeyWatch::pressCount()
+{
+    read();
+    return pressCount_;
+}
+
+void LoneKeyWatch::read()
+{
     connection_.synchronize();
     while (const auto event = own(xcb_poll_for_event(connection_.get())))
         note(*event);
-    return count_;
 }
 
 void LoneKeyWatch::note(const xcb_generic_event_t& event)
@@ -35,11 +46,13 @@ void LoneKeyWatch::note(const xcb_generic_event_t& event)
     if ((event.response_type & eventTypeMask) != XCB_GE_GENERIC)
         return;
     const auto& raw = reinterpret_cast<const xcb_input_raw_key_press_event_t&>(event);
-    if (raw.event_type == XCB_INPUT_RAW_KEY_PRESS)
-        isAlone_ = raw.detail == key_;
-    else if (raw.event_type == XCB_INPUT_RAW_KEY_RELEASE && raw.detail == key_ &&
-             std::exchange(isAlone_, false))
+    const bool isOurs = raw.detail == key_;
+    if (raw.event_type == XCB_INPUT_RAW_KEY_PRESS) {
+        isAlone_ = isOurs;
+        pressCount_ += isOurs ? 1 : 0;
+    } else if (raw.event_type == XCB_INPUT_RAW_KEY_RELEASE && isOurs && std::exchange(isAlone_, false)) {
         ++count_;
+    }
 }
 
 } // namespace tessel::desktop

@@ -16,14 +16,18 @@ public:
     /// How many times the key was pressed and released with no press of another key in between, since this
     /// object was made.
     int count();
+    /// How many times the key was pressed, whoever received it.
+    int pressCount();
 
 private:
+    void read();
     void note(const xcb_generic_event_t& event);
 
     XConnection connection_;
     xcb_keycode_t key_;
     bool isAlone_ = false;
     int count_ = 0;
+    int pressCount_ = 0;
 };
 
 } // namespace tessel::desktop
