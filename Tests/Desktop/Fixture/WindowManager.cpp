@@ -28,7 +28,10 @@ constexpr std::string_view i3Configuration = "# i3 config file (v4)\nfont pango:
 
 /// Without animations, which only take time here.
 constexpr std::string_view kwinGlobalConfiguration = "[KDE]\nAnimationDurationFactor=0\n";
-constexpr std::string_view kwinConfiguration = "[Desktops]\nNumber=2\n";
+/// Its key for the launcher, Super pressed and released alone, shows the next desktop, which is easily seen.
+constexpr std::string_view kwinConfiguration =
+    "[Desktops]\nNumber=2\n"
+    "[ModifierOnlyShortcuts]\nMeta=org.kde.KWin,/KWin,org.kde.KWin,nextDesktop\n";
 
 std::vector<std::string> managerCommand(WindowManagerChoice choice, const TemporaryDirectory& directory)
 {
