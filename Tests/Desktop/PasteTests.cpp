@@ -11,8 +11,10 @@ class OneLineFieldTest : public ProgramTest, public testing::WithParamInterface<
 
 TEST_P(OneLineFieldTest, AnEntryArrivesAsAPasteByHandWouldBringIt)
 {
-    const std::string text = "Zażółć gęślą jaźń, éèêü\tcolumn\t\tcolumn 漢字 🦊 👩‍👩‍👧‍👦 🇵🇱 "
-                             "e\u0301";
+    const std::string text =
+        "Zażółć gęślą jaźń, éèêü\tcolumn\t\tcolumn 漢字 🦊 👩‍👩‍👧‍👦 "
+        "🇵🇱 "
+        "e\u0301";
     copyTexts({text});
     TextClient field(desktop_, GetParam());
     field.pressPasteKeys();
@@ -86,6 +88,33 @@ TEST_F(TargetTest, NobodyIsPastedIntoWhenTheTargetWasClosedWhileThePanelWasOpen)
     desktop_.keyboard().type("!");
     bystander.waitForText("!");
     EXPECT_EQ(bystander.pasteCount(), 0);
+}
+
+class WithoutWindowManagerTest : public ProgramTest {
+protected:
+    WithoutWindowManagerTest()
+        : ProgramTest({.windowManager = WindowManagerChoice::none})
+    {}
+};
+
+TEST_F(WithoutWindowManagerTest, WithNoWindowInFrontWhoeverGetsTheKeysAfterwardsIsPastedInto)
+{
+    copyTexts({"A"});
+    TextClient client(desktop_, TextClientKind::gtk);
+    const auto frame = desktop_.windows().facts(client.window()).value().frame;
+    // Keys go to the window under the pointer, where there is none.
+    desktop_.pointer().moveTo({frame.x + frame.width + 100, frame.y + 20});
+    xcb_set_input_focus(desktop_.connection().get(), XCB_INPUT_FOCUS_POINTER_ROOT,
+                        XCB_INPUT_FOCUS_POINTER_ROOT, XCB_CURRENT_TIME);
+    desktop_.connection().synchronize();
+    program_->openPanel();
+    desktop_.pointer().moveTo({frame.x + frame.width - 20, frame.y + frame.height - 20});
+    desktop_.keyboard().tap(XKB_KEY_Return);
+    client.waitForText("A");
+    letTheProgramTick();
+    desktop_.keyboard().type("!");
+    client.waitForText("A!");
+    EXPECT_EQ(client.pasteCount(), 1);
 }
 
 TEST_F(ManyPastesTest, EachArrivesOnceWhereTheUserWas)
