@@ -193,16 +193,22 @@ ApplicationDescription xterm(const Desktop& desktop, const std::string& shownTex
     };
 }
 
-ApplicationDescription xtermWithReader(const Desktop&, const std::filesystem::path& arrived)
+ApplicationDescription terminalWithReader(std::vector<std::string> command, std::string className,
+                                          const std::filesystem::path& arrived)
 {
+    command.insert(command.end(), {clientFile("terminal-reader").string(), arrived.string()});
     return {
-        .command = {"xterm", "-fa", "DejaVu Sans Mono", "-fs", "11", "-e",
-                    clientFile("terminal-reader").string(), arrived.string()},
+        .command = std::move(command),
         .variables = {},
-        .isReady = hasClassAndTitle("XTerm", "tessel-ready"),
+        .isReady = hasClassAndTitle(std::move(className), "tessel-ready"),
         .pressCopyKeys = {},
         .pressQuitKeys = controlKeys({XKB_KEY_d}),
     };
+}
+
+ApplicationDescription xtermWithReader(const Desktop&, const std::filesystem::path& arrived)
+{
+    return terminalWithReader({"xterm", "-fa", "DejaVu Sans Mono", "-fs", "11", "-e"}, "XTerm", arrived);
 }
 
 ApplicationDescription xfceTerminalWithReader(const Desktop& desktop, const std::filesystem::path& arrived)
@@ -211,14 +217,7 @@ ApplicationDescription xfceTerminalWithReader(const Desktop& desktop, const std:
     desktop.directory().makeDirectory("home/.config/xfce4/terminal");
     desktop.directory().write("home/.config/xfce4/terminal/terminalrc",
                               "[Configuration]\nMiscShowUnsafePasteDialog=FALSE\n");
-    return {
-        .command = {"xfce4-terminal", "--disable-server", "-x", clientFile("terminal-reader").string(),
-                    arrived.string()},
-        .variables = {},
-        .isReady = hasClassAndTitle("Xfce4-terminal", "tessel-ready"),
-        .pressCopyKeys = {},
-        .pressQuitKeys = controlKeys({XKB_KEY_d}),
-    };
+    return terminalWithReader({"xfce4-terminal", "--disable-server", "-x"}, "Xfce4-terminal", arrived);
 }
 
 ApplicationDescription gimp(const Desktop&)

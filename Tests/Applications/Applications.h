@@ -34,6 +34,9 @@ ApplicationDescription xterm(const Desktop& desktop, const std::string& shownTex
 /// writes it to a file.
 ApplicationDescription xtermWithReader(const Desktop& desktop, const std::filesystem::path& arrived);
 ApplicationDescription xfceTerminalWithReader(const Desktop& desktop, const std::filesystem::path& arrived);
+/// Any terminal, by its command up to the name of the program inside and by its class.
+ApplicationDescription terminalWithReader(std::vector<std::string> command, std::string className,
+                                          const std::filesystem::path& arrived);
 
 /// The picture program GIMP, without a picture or with one. It copies the whole picture.
 ApplicationDescription gimp(const Desktop& desktop);
