@@ -86,7 +86,6 @@ const std::vector<Terminal> terminals = {
     {"qterminal", {"qterminal", "-e"}, "qterminal"},
     {"st", {"stterm", "-e"}, "st-256color"},
     {"terminator", {"terminator", "-u", "-x"}, "Terminator"},
-    {"terminology", {"terminology", "-e"}, "terminology"},
     {"tilix", {"tilix", "--new-process", "-e"}, "Tilix"},
     {"urxvt", {"urxvt", "-e"}, "URxvt"},
 };
