@@ -9,7 +9,7 @@ namespace tessel::desktop {
 namespace {
 
 /// For starts, answers and ends of big applications on a busy machine.
-constexpr std::chrono::milliseconds patience{120'000};
+constexpr std::chrono::milliseconds patience{400'000};
 
 Environment together(Environment environment, const Environment& variables)
 {

@@ -1,6 +1,9 @@
 #include "Applications.h"
 
+#include <cstdint>
 #include <sstream>
+
+#include "ClientFiles.h"
 
 namespace tessel::desktop {
 
@@ -122,6 +125,29 @@ ApplicationDescription chromiumForPasting(const Desktop& desktop)
         });</script>)");
 }
 
+ApplicationDescription chromiumTextArea(const Desktop& desktop)
+{
+    return chromium(desktop, R"(<textarea id="paper" rows="20" cols="60"></textarea><script>
+        const paper = document.getElementById("paper");
+        paper.focus();
+        let inputs = 0;
+        addEventListener("input", () => {
+            const bytes = new TextEncoder().encode(paper.value);
+            let hash = 0x811c9dc5;
+            for (const byte of bytes)
+                hash = Math.imul(hash ^ byte, 0x01000193) >>> 0;
+            document.title = `${++inputs}: ${bytes.length} ${hash}`;
+        });</script>)");
+}
+
+std::string textFacts(const std::string& text)
+{
+    std::uint32_t hash = 0x811c9dc5;
+    for (const char byte : text)
+        hash = (hash ^ static_cast<unsigned char>(byte)) * 0x01000193;
+    return std::to_string(text.size()) + " " + std::to_string(hash);
+}
+
 ApplicationDescription mousepad(const Desktop& desktop, const std::string& text)
 {
     const auto file = desktop.directory().write("home/note.txt", text);
@@ -165,6 +191,33 @@ ApplicationDescription xterm(const Desktop& desktop, const std::string& shownTex
             },
         .pressQuitKeys = controlKeys({XKB_KEY_d}),
     };
+}
+
+ApplicationDescription terminalWithReader(std::vector<std::string> command, std::string className,
+                                          const std::filesystem::path& arrived)
+{
+    command.insert(command.end(), {clientFile("terminal-reader").string(), arrived.string()});
+    return {
+        .command = std::move(command),
+        .variables = {},
+        .isReady = hasClassAndTitle(std::move(className), "tessel-ready"),
+        .pressCopyKeys = {},
+        .pressQuitKeys = controlKeys({XKB_KEY_d}),
+    };
+}
+
+ApplicationDescription xtermWithReader(const Desktop&, const std::filesystem::path& arrived)
+{
+    return terminalWithReader({"xterm", "-fa", "DejaVu Sans Mono", "-fs", "11", "-e"}, "XTerm", arrived);
+}
+
+ApplicationDescription xfceTerminalWithReader(const Desktop& desktop, const std::filesystem::path& arrived)
+{
+    // Its question before a paste of several lines is turned off, as people do who paste into it.
+    desktop.directory().makeDirectory("home/.config/xfce4/terminal");
+    desktop.directory().write("home/.config/xfce4/terminal/terminalrc",
+                              "[Configuration]\nMiscShowUnsafePasteDialog=FALSE\n");
+    return terminalWithReader({"xfce4-terminal", "--disable-server", "-x"}, "Xfce4-terminal", arrived);
 }
 
 ApplicationDescription gimp(const Desktop&)

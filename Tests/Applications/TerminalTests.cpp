@@ -1,4 +1,4 @@
-// The terminal xterm.
+// Terminals, and the keys by which they paste.
 
 #include <fstream>
 #include <sstream>
@@ -63,6 +63,49 @@ TEST_F(TerminalTest, TextFromXtermOutlivesItAndPastesIntoAnother)
     choose(0);
     waitForArrival(text_);
 }
+
+/// How a terminal is started, up to the name of the program inside.
+struct Terminal {
+    std::string name;
+    std::vector<std::string> command;
+    std::string className;
+
+    friend std::ostream& operator<<(std::ostream& stream, const Terminal& terminal)
+    {
+        return stream << terminal.name;
+    }
+};
+
+const std::vector<Terminal> terminals = {
+    {"alacritty", {"alacritty", "-e"}, "Alacritty"},
+    {"kitty", {"kitty"}, "kitty"},
+    {"lxterminal", {"lxterminal", "--no-remote", "-e"}, "Lxterminal"},
+    {"mate_terminal", {"mate-terminal", "--disable-factory", "-x"}, "Mate-terminal"},
+    {"mlterm", {"mlterm", "-e"}, "mlterm"},
+    {"pterm", {"pterm", "-e"}, "Pterm"},
+    {"qterminal", {"qterminal", "-e"}, "qterminal"},
+    {"st", {"stterm", "-e"}, "st-256color"},
+    {"terminator", {"terminator", "-u", "-x"}, "Terminator"},
+    {"tilix", {"tilix", "--new-process", "-e"}, "Tilix"},
+    {"urxvt", {"urxvt", "-e"}, "URxvt"},
+};
+
+class TerminalChordTest : public TerminalTest, public testing::WithParamInterface<Terminal> {};
+
+TEST_P(TerminalChordTest, AnEntryArrivesOnce)
+{
+    const std::string line = "ls 'żółw éè'";
+    copyTexts({line});
+    Application terminal(desktop_, terminalWithReader(GetParam().command, GetParam().className, arrived_));
+    choose(0);
+    waitForArrival(line);
+    letTheProgramTick();
+    desktop_.keyboard().type("!");
+    waitForArrival(line + "!");
+}
+
+INSTANTIATE_TEST_SUITE_P(Every, TerminalChordTest, testing::ValuesIn(terminals),
+                         testing::PrintToStringParamName());
 
 } // namespace
 

@@ -40,7 +40,7 @@ struct Backend::Parts {
         , pasteboard(makePasteboard(queue, digest, rules))
         , x11(makeX11Room({
               .showTrustPrompt = std::move(rules.showTrustPrompt),
-              .offerPrimary = [pasteboard = pasteboard] { pasteboard->offerPrimary(); },
+              .offerPrimary = [pasteboard = pasteboard] { return pasteboard->offerPrimary(); },
               .whenAvailable =
                   [pasteboard = pasteboard](std::function<void()> done) {
                       pasteboard->whenAvailable(std::move(done));

@@ -87,7 +87,7 @@ int run(const char* title)
     g_signal_connect(window, "destroy", G_CALLBACK(gtk_main_quit), nullptr);
     g_signal_connect(window, "key-press-event", G_CALLBACK(handleKey), shownPicture);
     gtk_widget_show_all(window);
-    followCommandLines(obey);
+    followCommandLines(obey, gtk_main_quit);
     gtk_main();
     return 0;
 }

@@ -30,12 +30,7 @@ std::string textOf(const Editor& editor)
     return text.get();
 }
 
-std::string withoutLineFeed(std::string_view word)
-{
-    return std::string(word.substr(0, word.find('\n')));
-}
-
-std::string obey(Editor& editor, const std::string& command, const std::string& argument)
+std::string obey(Editor& editor, std::string_view command, std::string_view argument)
 {
     if (command == "dump")
         return escaped(textOf(editor));
@@ -64,9 +59,9 @@ int run()
         G_CALLBACK(+[](GtkTextView*, gpointer data) { ++static_cast<Editor*>(data)->pasteCount; }), &editor);
     gtk_widget_grab_focus(editor.view);
     gtk_widget_show_all(editor.window);
-    followCommandLines([&editor](std::string_view word, std::string_view rest) {
-        return obey(editor, withoutLineFeed(word), withoutLineFeed(rest));
-    });
+    followCommandLines(
+        [&editor](std::string_view word, std::string_view rest) { return obey(editor, word, rest); },
+        gtk_main_quit);
     gtk_main();
     return 0;
 }

@@ -4,6 +4,9 @@
 #include <QtWidgets/QApplication>
 #include <QtWidgets/QPlainTextEdit>
 
+#include <map>
+#include <memory>
+
 #include "QtCommandLines.h"
 
 namespace tessel::desktop {
@@ -41,6 +44,31 @@ std::string obey(Editor& editor, std::string_view command, std::string_view argu
     return "unknown";
 }
 
+/// The editors by what a line for them begins with; the first has no name.
+using Editors = std::map<std::string, std::unique_ptr<Editor>, std::less<>>;
+
+void open(Editors& editors, std::string_view name, const QString& title)
+{
+    const auto& editor = editors[std::string(name)] = std::make_unique<Editor>();
+    editor->setWindowTitle(title);
+    editor->resize(480, 320);
+    editor->setFocus();
+    editor->show();
+}
+
+std::string obey(Editors& editors, std::string_view word, std::string_view rest)
+{
+    if (word == "open") {
+        open(editors, rest, QString::fromUtf8(rest.data(), static_cast<int>(rest.size())));
+        return {};
+    }
+    if (const auto named = editors.find(word); named != editors.end()) {
+        const auto [command, argument] = splitLine(rest);
+        return obey(*named->second, command, argument);
+    }
+    return obey(*editors.begin()->second, word, rest);
+}
+
 } // namespace
 
 } // namespace tessel::desktop
@@ -48,13 +76,11 @@ std::string obey(Editor& editor, std::string_view command, std::string_view argu
 int main(int argumentCount, char** arguments)
 {
     const QApplication application(argumentCount, arguments);
-    tessel::desktop::Editor editor;
+    tessel::desktop::Editors editors;
     const tessel::desktop::QtCommandLines commandLines(
-        [&editor](std::string_view word, std::string_view rest) {
-            return tessel::desktop::obey(editor, word, rest);
+        [&editors](std::string_view word, std::string_view rest) {
+            return tessel::desktop::obey(editors, word, rest);
         });
-    editor.setWindowTitle(QStringLiteral("qt-text-edit"));
-    editor.resize(480, 320);
-    editor.show();
+    tessel::desktop::open(editors, "", QStringLiteral("qt-text-edit"));
     return QApplication::exec();
 }

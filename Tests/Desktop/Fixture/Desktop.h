@@ -32,6 +32,7 @@ struct DesktopOptions {
     /// Pixels for each point.
     double scale = 1;
     ScaleSource scaleSource = ScaleSource::toolkitVariable;
+    ServerChoice server = ServerChoice::usual;
 };
 
 /// A complete desktop of its own: a virtual X server, a session bus, a window manager, an empty home

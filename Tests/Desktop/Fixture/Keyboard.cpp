@@ -1,16 +1,61 @@
 #include "Keyboard.h"
 
+#include <xcb/xinput.h>
 #include <xcb/xtest.h>
 
+#include <algorithm>
 #include <iterator>
 #include <string>
 #include <thread>
 
 namespace tessel::desktop {
 
+namespace {
+
+std::vector<xcb_keycode_t> codesIn(const std::uint8_t* eightKeysEach)
+{
+    std::vector<xcb_keycode_t> codes;
+    for (unsigned code = 0; code < 256; ++code) {
+        const unsigned eightKeys = eightKeysEach[code / 8];
+        if ((eightKeys >> (code % 8) & 1U) != 0)
+            codes.push_back(static_cast<xcb_keycode_t>(code));
+    }
+    return codes;
+}
+
+} // namespace
+
 Keyboard::Keyboard(XConnection& connection)
     : connection_(connection)
-{}
+{
+    findDevices();
+}
+
+void Keyboard::findDevices()
+{
+    auto* connection = connection_.get();
+    const auto* input = xcb_get_extension_data(connection, &xcb_input_id);
+    if (input == nullptr || input->present == 0)
+        return;
+    firstInputEvent_ = input->first_event;
+    own(xcb_input_xi_query_version_reply(connection, xcb_input_xi_query_version(connection, 2, 2), nullptr));
+    const auto reply = own(xcb_input_xi_query_device_reply(
+        connection, xcb_input_xi_query_device(connection, XCB_INPUT_DEVICE_ALL), nullptr));
+    if (!reply)
+        return;
+    auto devices = xcb_input_xi_query_device_infos_iterator(reply.get());
+    for (; devices.rem > 0; xcb_input_xi_device_info_next(&devices)) {
+        if (devices.data->type != XCB_INPUT_DEVICE_TYPE_SLAVE_KEYBOARD)
+            continue;
+        const auto device = static_cast<std::uint8_t>(devices.data->deviceid);
+        const std::string name(xcb_input_xi_device_info_name(devices.data), devices.data->name_len);
+        devices_.push_back(device);
+        if (!ownDevice_ && name.find("XTEST") == std::string::npos)
+            ownDevice_ = device;
+        // Its state can be asked for, and its keys moved, once it has been opened (XInput 1.5).
+        own(xcb_input_open_device_reply(connection, xcb_input_open_device(connection, device), nullptr));
+    }
+}
 
 void Keyboard::press(KeySymbol symbol)
 {
@@ -41,6 +86,21 @@ void Keyboard::chord(std::initializer_list<KeySymbol> modifiers, KeySymbol symbo
         release(*modifier);
 }
 
+void Keyboard::sendTap(KeySymbol symbol, xcb_window_t window)
+{
+    for (const int eventType : {XCB_KEY_PRESS, XCB_KEY_RELEASE}) {
+        xcb_key_press_event_t event{};
+        event.response_type = static_cast<std::uint8_t>(eventType);
+        event.detail = keyCode(symbol);
+        event.root = connection_.root();
+        event.event = window;
+        event.same_screen = 1;
+        const auto mask = eventType == XCB_KEY_PRESS ? XCB_EVENT_MASK_KEY_PRESS : XCB_EVENT_MASK_KEY_RELEASE;
+        xcb_send_event(connection_.get(), 0, window, mask, reinterpret_cast<const char*>(&event));
+    }
+    connection_.flush();
+}
+
 void Keyboard::type(std::string_view text)
 {
     for (const char character : text) {
@@ -60,18 +120,46 @@ std::vector<xcb_keycode_t> Keyboard::keysDown() const
 {
     const auto reply =
         own(xcb_query_keymap_reply(connection_.get(), xcb_query_keymap(connection_.get()), nullptr));
-    std::vector<xcb_keycode_t> down;
-    for (unsigned code = 0; reply && code < 256; ++code) {
-        const unsigned eightKeys = reply->keys[code / 8];
-        if ((eightKeys >> (code % 8) & 1U) != 0)
-            down.push_back(static_cast<xcb_keycode_t>(code));
+    return reply ? codesIn(reply->keys) : std::vector<xcb_keycode_t>();
+}
+
+std::vector<xcb_keycode_t> Keyboard::keysDownOn(std::uint8_t device) const
+{
+    const auto cookie = xcb_input_query_device_state(connection_.get(), device);
+    const auto reply = own(xcb_input_query_device_state_reply(connection_.get(), cookie, nullptr));
+    if (!reply)
+        return {};
+    auto classes = xcb_input_query_device_state_classes_iterator(reply.get());
+    for (; classes.rem > 0; xcb_input_input_state_next(&classes)) {
+        if (classes.data->class_id == XCB_INPUT_INPUT_CLASS_KEY)
+            return codesIn(reinterpret_cast<const xcb_input_key_state_t*>(classes.data)->keys);
     }
-    return down;
+    return {};
 }
 
 bool Keyboard::isAnyKeyDown() const
 {
-    return !keysDown().empty();
+    return !keysDown().empty() || std::any_of(devices_.begin(), devices_.end(), [this](std::uint8_t device) {
+        return !keysDownOn(device).empty();
+    });
+}
+
+std::uint16_t Keyboard::modifiers() const
+{
+    constexpr std::uint16_t withoutButtons = 0xff;
+    const auto cookie = xcb_query_pointer(connection_.get(), connection_.root());
+    const auto reply = own(xcb_query_pointer_reply(connection_.get(), cookie, nullptr));
+    return reply ? reply->mask & withoutButtons : 0;
+}
+
+bool Keyboard::isFree() const
+{
+    auto* connection = connection_.get();
+    const auto cookie = xcb_grab_keyboard(connection, 0, connection_.root(), XCB_CURRENT_TIME,
+                                          XCB_GRAB_MODE_ASYNC, XCB_GRAB_MODE_ASYNC);
+    xcb_ungrab_keyboard(connection, XCB_CURRENT_TIME);
+    const auto reply = own(xcb_grab_keyboard_reply(connection, cookie, nullptr));
+    return reply && reply->status == XCB_GRAB_STATUS_SUCCESS;
 }
 
 Keyboard::Place Keyboard::place(KeySymbol symbol) const
@@ -128,7 +216,12 @@ bool Keyboard::isGrabbed() const
 
 void Keyboard::fake(std::uint8_t eventType, xcb_keycode_t code)
 {
-    xcb_test_fake_input(connection_.get(), eventType, code, XCB_CURRENT_TIME, XCB_WINDOW_NONE, 0, 0, 0);
+    constexpr std::uint8_t coreKeyboard = 0;
+    // The extension's events for keys have the order of the core protocol's, one behind its first.
+    const auto deviceEventType =
+        static_cast<std::uint8_t>(firstInputEvent_ + XCB_INPUT_DEVICE_KEY_PRESS + eventType - XCB_KEY_PRESS);
+    xcb_test_fake_input(connection_.get(), ownDevice_ ? deviceEventType : eventType, code, XCB_CURRENT_TIME,
+                        XCB_WINDOW_NONE, 0, 0, ownDevice_.value_or(coreKeyboard));
     connection_.flush();
 }
 

@@ -5,6 +5,7 @@
 #include <chrono>
 #include <cstdint>
 #include <initializer_list>
+#include <optional>
 #include <string_view>
 #include <vector>
 
@@ -15,7 +16,8 @@ namespace tessel::desktop {
 /// A key symbol of the X Window System, such as `XKB_KEY_Return`.
 using KeySymbol = std::uint32_t;
 
-/// Real key presses, through the XTEST extension.
+/// Real key presses: they move on the X server's own keyboard, as those of fingers do. Programs that press
+/// keys by themselves do that on another keyboard, which the server keeps for its XTEST extension.
 class Keyboard {
 public:
     explicit Keyboard(XConnection& connection);
@@ -30,11 +32,17 @@ public:
     /// Presses the modifiers in order, taps the key, and releases the modifiers in the opposite order.
     void chord(std::initializer_list<KeySymbol> modifiers, KeySymbol symbol,
                std::chrono::milliseconds hold = {});
+    /// Sends a window the events of a tap, as programs can where no key can be moved.
+    void sendTap(KeySymbol symbol, xcb_window_t window);
     /// Types characters of ASCII that the layout has, with Shift where they need it.
     void type(std::string_view text);
 
-    /// True while the server believes that any key is held down.
+    /// True while the server believes that any key is held down, on any keyboard.
     bool isAnyKeyDown() const;
+    /// The modifiers in force, locks among them (a mask of the core protocol).
+    std::uint16_t modifiers() const;
+    /// True while no client has grabbed the keyboard as a whole.
+    bool isFree() const;
     /// The keys that the server believes to be down.
     std::vector<xcb_keycode_t> keysDown() const;
     /// The key that yields a symbol without or with Shift; throws `DesktopFailure` if there is none.
@@ -51,9 +59,16 @@ private:
         bool shifted;
     };
     Place place(KeySymbol symbol) const;
+    void findDevices();
+    std::vector<xcb_keycode_t> keysDownOn(std::uint8_t device) const;
     void fake(std::uint8_t eventType, xcb_keycode_t code);
 
     XConnection& connection_;
+    /// Every keyboard that feeds the core keyboard.
+    std::vector<std::uint8_t> devices_;
+    /// The server's own keyboard; none where it has but that of XTEST.
+    std::optional<std::uint8_t> ownDevice_;
+    std::uint8_t firstInputEvent_ = 0;
 };
 
 } // namespace tessel::desktop

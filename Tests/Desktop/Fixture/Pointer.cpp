@@ -32,10 +32,10 @@ void Pointer::click(PointerButton button)
     release(button);
 }
 
-void Pointer::doubleClick()
+void Pointer::doubleClick(PointerButton button)
 {
-    for (const auto eventType : {XCB_BUTTON_PRESS, XCB_BUTTON_RELEASE, XCB_BUTTON_PRESS, XCB_BUTTON_RELEASE})
-        request(static_cast<std::uint8_t>(eventType), PointerButton::left);
+    for (const int eventType : {XCB_BUTTON_PRESS, XCB_BUTTON_RELEASE, XCB_BUTTON_PRESS, XCB_BUTTON_RELEASE})
+        request(static_cast<std::uint8_t>(eventType), button);
     connection_.synchronize();
 }
 

@@ -26,8 +26,8 @@ public:
     void press(PointerButton button = PointerButton::left);
     void release(PointerButton button = PointerButton::left);
     void click(PointerButton button = PointerButton::left);
-    /// Two clicks between which the server has no time for anything else, however busy the machine is.
-    void doubleClick();
+    /// Two clicks with nothing but the server's own work between them.
+    void doubleClick(PointerButton button = PointerButton::left);
     Place location() const;
 
 private:

@@ -1,5 +1,7 @@
 #include "TextClient.h"
 
+#include <utility>
+
 #include "ClientFiles.h"
 #include "ClientWindow.h"
 #include "PercentText.h"
@@ -10,7 +12,30 @@ namespace {
 
 std::string programName(TextClientKind kind)
 {
-    return kind == TextClientKind::gtk ? "gtk-text-view" : "qt-text-edit";
+    switch (kind) {
+    case TextClientKind::gtk:
+        return "gtk-text-view";
+    case TextClientKind::qt:
+        return "qt-text-edit";
+    case TextClientKind::gtkEntry:
+        return "gtk-entry";
+    case TextClientKind::qtLineEdit:
+        return "qt-line-edit";
+    case TextClientKind::gtk4:
+        return "gtk4-text-view";
+    case TextClientKind::gtk4Entry:
+        return "gtk4-entry";
+    }
+    throw DesktopFailure("there is no such client");
+}
+
+/// One program has both clients of GTK 4, and is told which to be.
+std::vector<std::string> commandOf(TextClientKind kind)
+{
+    const bool isGtk4 = kind == TextClientKind::gtk4 || kind == TextClientKind::gtk4Entry;
+    if (isGtk4)
+        return {clientFile("gtk4-client").string(), programName(kind)};
+    return {clientFile(programName(kind)).string()};
 }
 
 } // namespace
@@ -21,25 +46,38 @@ std::ostream& operator<<(std::ostream& stream, TextClientKind kind)
 }
 
 TextClient::TextClient(Desktop& desktop, TextClientKind kind)
+    : TextClient(desktop, std::make_shared<ChildProcess>(commandOf(kind), desktop.environment()), "",
+                 programName(kind))
+{}
+
+TextClient::TextClient(Desktop& desktop, std::shared_ptr<ChildProcess> process, std::string prefix,
+                       const std::string& title)
     : desktop_(desktop)
-    , process_({clientFile(programName(kind)).string()}, desktop.environment())
+    , process_(std::move(process))
+    , prefix_(std::move(prefix))
     , clipboard_(desktop.displayName())
-    , window_(awaitClientWindow(desktop, process_, programName(kind)))
+    , window_(awaitClientWindow(desktop, *process_, title))
 {
     activate();
+}
+
+TextClient TextClient::openSecondWindow()
+{
+    ask("open second");
+    return {desktop_, process_, "second ", "second"};
 }
 
 void TextClient::activate()
 {
     desktop_.windows().activate(window_);
-    desktop_.connection().waitUntil(process_.name() + " to know that it has the focus",
+    desktop_.connection().waitUntil(process_->name() + " to know that it has the focus",
                                     [this] { return hasFocus(); });
 }
 
 std::string TextClient::ask(const std::string& request)
 {
-    process_.writeLine(request);
-    const auto answer = process_.waitForLine("ok");
+    process_->writeLine(prefix_ + request);
+    const auto answer = process_->waitForLine("ok");
     return std::string(splitLine(answer).rest);
 }
 
@@ -58,7 +96,7 @@ void TextClient::waitForText(const std::string& expected, Deadline deadline)
     std::string seen;
     try {
         desktop_.connection().waitUntil(
-            "the expected text in " + process_.name(),
+            "the expected text in " + process_->name(),
             [&] {
                 seen = text();
                 return seen == expected;

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <memory>
 #include <ostream>
 #include <string>
 #include <vector>
@@ -9,21 +10,31 @@
 
 namespace tessel::desktop {
 
-enum class TextClientKind { gtk, qt };
+enum class TextClientKind {
+    gtk, ///< A text view of GTK 3.
+    qt,  ///< A text edit of Qt.
+    gtkEntry,
+    qtLineEdit,
+    gtk4,      ///< A text view of GTK 4. Only where the tests beside applications are built.
+    gtk4Entry, ///< The same of an entry.
+};
 
 /// For the names of tests.
 std::ostream& operator<<(std::ostream& stream, TextClientKind kind);
 
-/// An editor on the desktop that tells exactly what is in it: a GTK text view or a Qt text edit, as real
-/// programs have them.
+/// An editor, or a field for one line, on the desktop that tells exactly what is in it, as real programs have
+/// them.
 class TextClient {
 public:
     /// Starts it, and returns when its window has the keyboard focus.
     TextClient(Desktop& desktop, TextClientKind kind);
 
+    /// Opens a second window of the same program, which has to be a text edit of Qt; it gets the focus.
+    TextClient openSecondWindow();
+
     /// Its top-level window.
     xcb_window_t window() const { return window_; }
-    ChildProcess& process() { return process_; }
+    ChildProcess& process() { return *process_; }
     /// Gives it the keyboard focus, as a click on a task bar does.
     void activate();
 
@@ -40,10 +51,14 @@ public:
     void pressPasteKeys();
 
 private:
+    TextClient(Desktop& desktop, std::shared_ptr<ChildProcess> process, std::string prefix,
+               const std::string& title);
     std::string ask(const std::string& request);
 
     Desktop& desktop_;
-    ChildProcess process_;
+    std::shared_ptr<ChildProcess> process_;
+    /// What a line for this window begins with.
+    std::string prefix_;
     SelectionWatch clipboard_;
     xcb_window_t window_;
 };

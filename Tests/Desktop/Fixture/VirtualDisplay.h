@@ -1,5 +1,6 @@
 #pragma once
 
+#include <memory>
 #include <string>
 
 #include "ChildProcess.h"
@@ -14,10 +15,16 @@ struct Extent {
     bool operator==(const Extent&) const = default;
 };
 
-/// A virtual X server (Xvfb) on a display number of its own.
+enum class ServerChoice {
+    usual,                ///< Xvfb.
+    withoutSyntheticKeys, ///< The same without its XTEST extension: nothing here can press a key.
+    xwayland,             ///< Xwayland on a Wayland compositor without a screen (Weston).
+};
+
+/// A virtual X server on a display number of its own.
 class VirtualDisplay {
 public:
-    VirtualDisplay(Extent screen, const Environment& environment);
+    VirtualDisplay(ServerChoice choice, Extent screen, const Environment& environment);
 
     /// The value for `DISPLAY`, such as ":3".
     const std::string& name() const { return name_; }
@@ -25,6 +32,7 @@ public:
     pid_t process() const { return server_.pid(); }
 
 private:
+    std::unique_ptr<ChildProcess> compositor_;
     ChildProcess server_;
     std::string name_;
 };

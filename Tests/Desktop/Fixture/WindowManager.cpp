@@ -31,7 +31,10 @@ constexpr std::string_view i3Configuration =
 
 /// Without animations, which only take time here.
 constexpr std::string_view kwinGlobalConfiguration = "[KDE]\nAnimationDurationFactor=0\n";
-constexpr std::string_view kwinConfiguration = "[Desktops]\nNumber=2\n";
+/// Its key for the launcher, Super pressed and released alone, shows the next desktop, which is easily seen.
+constexpr std::string_view kwinConfiguration =
+    "[Desktops]\nNumber=2\n"
+    "[ModifierOnlyShortcuts]\nMeta=org.kde.KWin,/KWin,org.kde.KWin,nextDesktop\n";
 
 /// Openbox announces itself before it is ready for windows, and loses those that come in between. It sets
 /// this property of the root window when it is.

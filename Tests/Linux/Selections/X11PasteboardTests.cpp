@@ -132,7 +132,7 @@ TEST_F(PasteboardOnX11, ADeliberateClearIsKeptAsEmptiness)
 TEST_F(PasteboardOnX11, PrimaryIsOfferedUntilTheNextWrite)
 {
     write("ours");
-    pasteboard_.offerPrimary();
+    EXPECT_TRUE(pasteboard_.offerPrimary());
     ASSERT_TRUE(isPasted("ours", "UTF8_STRING", "primary"));
 }
 
@@ -154,7 +154,7 @@ TEST_F(PasteboardOnX11, WithoutADisplayItHoldsWhatIsWritten)
     inert.setString(std::make_shared<const std::string>("text"));
     EXPECT_EQ(*inert.string(), "text");
     EXPECT_EQ(inert.changeCount(), 1);
-    inert.offerPrimary();
+    EXPECT_FALSE(inert.offerPrimary());
 }
 
 TEST_F(PasteboardOnX11, TheLossOfTheDisplayIsSurvived)

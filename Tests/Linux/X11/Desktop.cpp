@@ -36,7 +36,11 @@ bool isReady(X11Connection& connection)
 void BareDesktop::SetUp()
 {
     typist.setLayout("us");
-    room = makeX11Room({[this] { ++trustPrompts; }, [this] { ++primaryOffers; }});
+    room = makeX11Room({[this] { ++trustPrompts; },
+                        [this] {
+                            ++primaryOffers;
+                            return pastedIsText;
+                        }});
     ASSERT_TRUE(room.connection->isAlive());
 }
 

@@ -18,6 +18,7 @@ protected:
 
     Typist typist;
     X11Room room;
+    bool pastedIsText = true;
     int primaryOffers = 0;
     int trustPrompts = 0;
 };

@@ -1,6 +1,6 @@
 #include <gtest/gtest.h>
 
-#include "Typist.h"
+#include "TestKeymap.h"
 #include "X11/HeldKeys.h"
 
 namespace tessel {
@@ -96,6 +96,51 @@ TEST(HeldKeys, keysLetGoMeanwhileAreLiftedAgain)
         keysToLiftAgain(putBack, {physical({Key::shiftLeft}), synthetic({Key::superLeft, Key::shiftLeft})}),
         keys({Key::superLeft}));
     EXPECT_EQ(keysToLiftAgain(putBack, {physical({Key::shiftLeft, Key::superLeft})}), KeySet{});
+}
+
+TEST(HeldKeys, aKeyLetGoBetweenTheReadingAndThePuttingBackIsLiftedAgain)
+{
+    const auto plan =
+        planHeldKeys(keys({Key::superLeft}), {physical({Key::superLeft}), synthetic({})}, modifiers, chord);
+    ASSERT_EQ(plan.putBack, keys({Key::superLeft}));
+    EXPECT_EQ(keysToLiftAgain(plan.putBack, {physical({}), synthetic({Key::superLeft})}), plan.putBack);
+}
+
+TEST(HeldKeys, oneOfTwoFingersOnTheSameKeyOfTwoKeyboardsIsEnough)
+{
+    const std::vector<DeviceKeys> both = {physical({Key::shiftLeft}), physical({Key::shiftLeft})};
+    const auto plan = planHeldKeys(keys({Key::shiftLeft}), both, modifiers, chord);
+    ASSERT_EQ(plan.putBack, keys({Key::shiftLeft}));
+    // Held on one and let go on the other; then let go on both.
+    EXPECT_EQ(keysToLiftAgain(plan.putBack, {physical({}), physical({Key::shiftLeft})}), KeySet{});
+    EXPECT_EQ(keysToLiftAgain(plan.putBack, {physical({}), physical({})}), keys({Key::shiftLeft}));
+}
+
+TEST(HeldKeys, eachKeyboardMayHoldAnotherKey)
+{
+    const auto plan = planHeldKeys(keys({Key::shiftLeft, Key::superLeft}),
+                                   {physical({Key::shiftLeft}), physical({Key::superLeft}), synthetic({})},
+                                   modifiers, chord);
+    EXPECT_EQ(plan.lift, keys({Key::shiftLeft, Key::superLeft}));
+    EXPECT_EQ(plan.putBack, keys({Key::shiftLeft, Key::superLeft}));
+    EXPECT_EQ(keysToLiftAgain(plan.putBack, {physical({Key::shiftLeft}), physical({})}),
+              keys({Key::superLeft}));
+}
+
+TEST(HeldKeys, aModifierOfTheChordThatIsHeldIsLiftedPressedAndPutBack)
+{
+    const auto plan = planHeldKeys(keys({Key::controlLeft}), {physical({Key::controlLeft}), synthetic({})},
+                                   modifiers, chord);
+    EXPECT_EQ(plan.lift, keys({Key::controlLeft}));
+    EXPECT_EQ(plan.putBack, keys({Key::controlLeft}));
+}
+
+TEST(HeldKeys, lockingKeysAreNoHeldModifiers)
+{
+    const KeySet held = heldModifierKeys(testKeymap());
+    EXPECT_FALSE(held[Key::capsLock]);
+    EXPECT_FALSE(held[Key::numLock]);
+    EXPECT_TRUE(held[Key::superLeft]);
 }
 
 } // namespace

@@ -23,19 +23,51 @@ TEST(PasteChord, everythingThatIsNoTerminalTakesControlV)
     EXPECT_EQ(pasteChordFor({}), PasteChord::controlV);
 }
 
+/// As the terminals set it.
+const std::vector<WindowClass> controlShiftVTerminals = {
+    {"Alacritty", "Alacritty"},
+    {"blackbox", "com.raggesilver.BlackBox"},
+    {"cool-retro-term", "cool-retro-term"},
+    {"deepin-terminal", "deepin-terminal"},
+    {"ghostty", "com.mitchellh.ghostty"},
+    {"gnome-terminal-server", "Gnome-terminal"},
+    {"guake", "Guake"},
+    {"io.elementary.terminal", "Io.elementary.terminal"},
+    {"kgx", "kgx"},
+    {"kitty", "kitty"},
+    {"konsole", "konsole"},
+    {"lxterminal", "Lxterminal"},
+    {"mate-terminal", "Mate-terminal"},
+    {"ptyxis", "org.gnome.Ptyxis"},
+    {"qterminal", "qterminal"},
+    {"roxterm", "Roxterm"},
+    {"sakura", "Sakura"},
+    {"st", "st-256color"},
+    {"terminator", "Terminator"},
+    {"terminology", "terminology"},
+    {"tilda", "Tilda"},
+    {"tilix", "Tilix"},
+    {"org.wezfurlong.wezterm", "org.wezfurlong.wezterm"},
+    {"xfce4-terminal", "Xfce4-terminal"},
+    {"yakuake", "yakuake"},
+    {"zutty", "Zutty"},
+};
+
 TEST(PasteChord, terminalsTakeControlShiftV)
 {
-    for (const char* name :
-         {"Gnome-terminal", "konsole", "Xfce4-terminal", "kitty", "Alacritty", "Tilix", "st-256color"})
-        EXPECT_EQ(pasteChordFor({"any", name}), PasteChord::controlShiftV) << name;
+    for (const WindowClass& terminal : controlShiftVTerminals)
+        EXPECT_EQ(pasteChordFor(terminal), PasteChord::controlShiftV) << terminal.name;
     EXPECT_EQ(pasteChordFor({"konsole", "my own class"}), PasteChord::controlShiftV);
 }
 
 TEST(PasteChord, theOldestTerminalsTakeShiftInsert)
 {
-    EXPECT_EQ(pasteChordFor({"xterm", "XTerm"}), PasteChord::shiftInsert);
-    EXPECT_EQ(pasteChordFor({"xterm", "UXTerm"}), PasteChord::shiftInsert);
-    EXPECT_EQ(pasteChordFor({"urxvt", "URxvt"}), PasteChord::shiftInsert);
+    const std::vector<WindowClass> terminals = {{"xterm", "XTerm"},   {"uxterm", "UXTerm"},
+                                                {"urxvt", "URxvt"},   {"x-terminal-emulator", "XTerm"},
+                                                {"mlterm", "mlterm"}, {"koi8rxterm", "KOI8RXTerm"},
+                                                {"pterm", "Pterm"}};
+    for (const WindowClass& terminal : terminals)
+        EXPECT_EQ(pasteChordFor(terminal), PasteChord::shiftInsert) << terminal.name;
 }
 
 TEST(PasteChord, itsKeysAreThoseOfThisKeyboard)
@@ -54,6 +86,19 @@ TEST(PasteChord, aKeyboardThatLacksAKeyHasNoChord)
     EXPECT_EQ(keysOfChord(PasteChord::shiftInsert, keymap, 0), std::nullopt);
     keymap.modifierKeys[2].clear();
     EXPECT_EQ(keysOfChord(PasteChord::controlV, keymap, 0), std::nullopt);
+}
+
+TEST(PasteChord, aKeyWithoutMeaningHasNoSymbolAndSetsNoModifier)
+{
+    Keymap keymap = testKeymap();
+    const auto key = keyWithoutMeaning(keymap);
+    ASSERT_TRUE(key);
+    EXPECT_TRUE(keymap.symbols[*key].empty());
+    keymap.modifierKeys[5] = {*key};
+    EXPECT_NE(keyWithoutMeaning(keymap), key);
+    for (auto& symbols : keymap.symbols)
+        symbols = {KeysymName::insert};
+    EXPECT_EQ(keyWithoutMeaning(keymap), std::nullopt);
 }
 
 } // namespace

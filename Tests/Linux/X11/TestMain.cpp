@@ -20,6 +20,7 @@ int main(int argumentCount, char** arguments)
     qputenv("DISPLAY", QByteArray::fromStdString(":" + display));
     qputenv("QT_QPA_PLATFORM", "xcb");
     qunsetenv("WAYLAND_DISPLAY");
+    qunsetenv("XDG_SESSION_TYPE");
     const QApplication application(argumentCount, arguments);
     QApplication::setQuitOnLastWindowClosed(false);
     return RUN_ALL_TESTS();

@@ -1,4 +1,5 @@
 #include "Desktop.h"
+#include "WaitUntil.h"
 
 namespace tessel {
 namespace {
@@ -23,6 +24,33 @@ TEST_F(X11AccessibilityTrustTests, aWaylandSessionIsNotTrustedAndThePromptIsShow
     EXPECT_EQ(prompts, 0);
     EXPECT_FALSE(trust.isProcessTrustedWithOptions(TrustPrompt::show));
     EXPECT_EQ(prompts, 1);
+}
+
+TEST_F(X11AccessibilityTrustTests, aSessionThatSaysThatItIsOnWaylandIsNotTrusted)
+{
+    qputenv("XDG_SESSION_TYPE", "wayland");
+    X11AccessibilityTrust onWayland(*room.connection, {});
+    qputenv("XDG_SESSION_TYPE", "x11");
+    X11AccessibilityTrust onX11(*room.connection, {});
+    qunsetenv("XDG_SESSION_TYPE");
+    EXPECT_FALSE(onWayland.isProcessTrusted());
+    EXPECT_TRUE(onX11.isProcessTrusted());
+}
+
+TEST_F(X11AccessibilityTrustTests, aServerWithoutSyntheticKeysIsNotTrustedAndNothingIsPosted)
+{
+    ChildProcess server({"Xvfb", "-displayfd", "%fd", "-noreset", "-extension", "XTEST"});
+    const auto connection = std::make_shared<X11Connection>(":" + server.firstLine());
+    ASSERT_TRUE(connection->isAlive());
+    X11AccessibilityTrust trust(*connection, {});
+    EXPECT_FALSE(trust.isProcessTrusted());
+
+    const auto keyboard = std::make_shared<X11Keyboard>(connection);
+    const auto hotKeys = std::make_shared<X11HotKeyCenter>(connection, keyboard, room.userTime);
+    X11KeyStrokes strokes(connection, keyboard, hotKeys, {});
+    strokes.postKeyStroke(VirtualKey::v, ModifierFlags::command, std::nullopt);
+    EXPECT_TRUE(waitUntil([&] { return !strokes.isBusy(); }));
+    EXPECT_TRUE(connection->isAlive());
 }
 
 TEST(SessionFacts, everythingHasToBeInPlace)

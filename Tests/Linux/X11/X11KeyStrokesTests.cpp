@@ -167,7 +167,7 @@ TEST_F(X11KeyStrokesTests, aFocusThatCameInTimeCountsWhereItIsNoticedLate)
     EXPECT_EQ(target.presses(Key::v, Modifier::control), 1);
 }
 
-TEST_F(X11KeyStrokesTests, aTargetThatIsClosedEndsTheStrokeAtOnce)
+TEST_F(X11KeyStrokesTests, aTargetThatIsClosedEndsTheStroke)
 {
     OtherWindow bystander;
     {
@@ -182,7 +182,7 @@ TEST_F(X11KeyStrokesTests, aTargetThatIsClosedEndsTheStrokeAtOnce)
     EXPECT_EQ(bystander.presses(), 0);
 }
 
-TEST_F(X11KeyStrokesTests, aTargetThatWasClosedLongAgoEndsTheStrokeAtOnce)
+TEST_F(X11KeyStrokesTests, aTargetThatWasClosedLongAgoEndsTheStroke)
 {
     OtherWindow bystander;
     showWithFocus(bystander);
@@ -228,6 +228,16 @@ TEST_F(X11KeyStrokesTests, primaryIsOfferedBeforeShiftInsert)
     EXPECT_EQ(terminal.presses(Key::insert, Modifier::shift), 1);
     EXPECT_EQ(terminal.presses(), 1);
     EXPECT_EQ(primaryOffers, 1);
+}
+
+TEST_F(X11KeyStrokesTests, aPictureIsNotPastedWhereTheChordWouldPasteWhatSomebodyHasSelected)
+{
+    pastedIsText = false;
+    OtherWindow terminal("XTerm");
+    showWithFocus(terminal);
+    paste(terminal, terminal.process());
+    EXPECT_EQ(primaryOffers, 1);
+    EXPECT_EQ(terminal.presses(), 0);
 }
 
 TEST_F(X11KeyStrokesTests, ourOwnHotKeyDoesNotCatchTheChordAndIsBackAfterIt)
@@ -299,6 +309,42 @@ TEST_F(X11KeyStrokesTests, aModifierThatIsPartOfTheChordMayBeHeld)
     paste(target, target.process());
     EXPECT_EQ(target.presses(Key::v, Modifier::control), 1) << "A second paste under the same finger.";
     typist.release(Key::controlLeft);
+    EXPECT_TRUE(waitUntil([&] { return typist.keysDown().none() && typist.keysDownOnXTest().none(); }));
+}
+
+TEST_F(X11KeyStrokesTests, puttingAKeyBackWakesNobodyWhoHasGrabbedThatKeyAlone)
+{
+    OtherWindow launcher("Launcher");
+    OtherWindow target;
+    showWithFocus(target);
+    ASSERT_TRUE(launcher.grabKey(Key::superLeft, Modifier::none));
+    typist.press(Key::superLeft);
+    launcher.synchronize();
+    ASSERT_EQ(launcher.strokes(), (std::vector<OtherWindow::Stroke>{{Key::superLeft, Modifier::none, true}}));
+    paste(target, target.process());
+    EXPECT_EQ(target.presses(Key::v, Modifier::control), 1) << "The launcher has the keyboard no longer.";
+    EXPECT_EQ(target.presses(), 1);
+    EXPECT_TRUE(typist.keysDown()[Key::superLeft]) << "It is under a finger.";
+    launcher.synchronize();
+    const OtherWindow::Stroke press{Key::superLeft, Modifier::none, true};
+    EXPECT_EQ(std::count(launcher.strokes().begin(), launcher.strokes().end(), press), 1);
+    typist.release(Key::superLeft);
+    EXPECT_TRUE(waitUntil([&] { return typist.keysDown().none() && typist.keysDownOnXTest().none(); }));
+}
+
+TEST_F(X11KeyStrokesTests, theTargetSeesAHeldKeyComeUpAndNothingButTheChord)
+{
+    OtherWindow target;
+    showWithFocus(target);
+    typist.press(Key::altLeft);
+    typist.synchronize();
+    paste(target, target.process());
+    const std::vector<OtherWindow::Stroke> expected = {
+        {Key::altLeft, Modifier::none, true},     {Key::altLeft, Modifier::alt, false},
+        {Key::controlLeft, Modifier::none, true}, {Key::v, Modifier::control, true},
+        {Key::v, Modifier::control, false},       {Key::controlLeft, Modifier::control, false}};
+    EXPECT_EQ(target.strokes(), expected);
+    typist.release(Key::altLeft);
     EXPECT_TRUE(waitUntil([&] { return typist.keysDown().none() && typist.keysDownOnXTest().none(); }));
 }
 
@@ -464,6 +510,133 @@ TEST_F(X11KeyStrokesTests, strokesInQuickSuccessionAreEachPlayedOnce)
     EXPECT_EQ(first.presses(), 5);
     second.synchronize();
     EXPECT_EQ(second.presses(), 0);
+}
+
+/// Pasting while the server has not yet said that the value is ours.
+class AvailabilityTests : public PastingTests<BareDesktop> {
+protected:
+    void SetUp() override
+    {
+        BareDesktop::SetUp();
+        room.keyStrokes = std::make_shared<X11KeyStrokes>(
+            room.connection, room.keyboard, room.hotKeyCenter,
+            [this] { return steps.push_back("offer PRIMARY"), true; },
+            [this](std::function<void()> goOn) {
+                steps.push_back("await");
+                available.push_back(std::move(goOn));
+            });
+    }
+
+    void postAndWaitUntilAsked(OtherWindow& window, std::size_t times = 1)
+    {
+        post(window.process());
+        ASSERT_TRUE(waitUntil([&] { return available.size() == times; }));
+    }
+
+    std::vector<std::string> steps;
+    std::vector<std::function<void()>> available;
+};
+
+TEST_F(AvailabilityTests, theChordWaitsForTheValueHoweverLongThatTakes)
+{
+    OtherWindow target;
+    showWithFocus(target);
+    postAndWaitUntilAsked(target);
+    QElapsedTimer timer;
+    timer.start();
+    ASSERT_TRUE(waitUntil([&] { return timer.elapsed() > 600; }))
+        << "Longer than the patience for the focus.";
+    target.synchronize();
+    EXPECT_EQ(target.presses(), 0);
+    EXPECT_TRUE(room.keyStrokes->isBusy());
+    available.front()();
+    ASSERT_TRUE(waitForStrokes());
+    target.synchronize();
+    EXPECT_EQ(target.presses(Key::v, Modifier::control), 1);
+    EXPECT_EQ(target.presses(), 1);
+    EXPECT_EQ(available.size(), 1U);
+}
+
+TEST_F(AvailabilityTests, primaryIsOfferedBeforeItIsAwaited)
+{
+    OtherWindow terminal("XTerm");
+    showWithFocus(terminal);
+    postAndWaitUntilAsked(terminal);
+    EXPECT_EQ(steps, (std::vector<std::string>{"offer PRIMARY", "await"}));
+    available.front()();
+    ASSERT_TRUE(waitForStrokes());
+    terminal.synchronize();
+    EXPECT_EQ(terminal.presses(Key::insert, Modifier::shift), 1);
+}
+
+TEST_F(AvailabilityTests, aFocusThatMovesAwayMeanwhileGetsNothing)
+{
+    OtherWindow target;
+    OtherWindow bystander("XTerm");
+    showWithFocus(bystander);
+    showWithFocus(target);
+    postAndWaitUntilAsked(target);
+    bystander.takeFocus();
+    ASSERT_TRUE(waitUntil([&] { return bystander.hasFocus(); }));
+    available.front()();
+    ASSERT_TRUE(waitForStrokes());
+    target.synchronize();
+    bystander.synchronize();
+    EXPECT_EQ(target.presses(), 0);
+    EXPECT_EQ(bystander.presses(), 0);
+}
+
+TEST_F(AvailabilityTests, aTargetThatIsClosedMeanwhileEndsTheStrokeAndTheNextOneIsPlayed)
+{
+    OtherWindow next;
+    {
+        OtherWindow target;
+        showWithFocus(target);
+        postAndWaitUntilAsked(target);
+    }
+    ASSERT_TRUE(waitForStrokes());
+    available.front()();
+    showWithFocus(next);
+    postAndWaitUntilAsked(next, 2);
+    available.back()();
+    ASSERT_TRUE(waitForStrokes());
+    next.synchronize();
+    EXPECT_EQ(next.presses(), 1);
+}
+
+TEST_F(AvailabilityTests, theWordMayComeWhenTheRoomIsGone)
+{
+    OtherWindow target;
+    showWithFocus(target);
+    postAndWaitUntilAsked(target);
+    room.keyStrokes.reset();
+    available.front()();
+    room.connection->currentServerTime();
+    target.synchronize();
+    EXPECT_EQ(target.presses(), 0);
+}
+
+TEST_F(AvailabilityTests, withoutATargetAnotherChordAwaitsItsOwnSelection)
+{
+    OtherWindow editor;
+    OtherWindow terminal("XTerm");
+    showWithFocus(editor);
+    post(std::nullopt);
+    ASSERT_TRUE(waitUntil([&] { return available.size() == 1; }));
+    terminal.show();
+    ASSERT_TRUE(waitUntil([&] { return terminal.isMapped(); }));
+    terminal.takeFocus();
+    ASSERT_TRUE(waitUntil([&] { return terminal.hasFocus(); }));
+    available.front()();
+    ASSERT_TRUE(waitUntil([&] { return available.size() == 2; }));
+    EXPECT_EQ(steps, (std::vector<std::string>{"await", "offer PRIMARY", "await"}));
+    available.back()();
+    ASSERT_TRUE(waitForStrokes());
+    editor.synchronize();
+    terminal.synchronize();
+    EXPECT_EQ(editor.presses(), 0);
+    EXPECT_EQ(terminal.presses(Key::insert, Modifier::shift), 1);
+    EXPECT_EQ(terminal.presses(), 1);
 }
 
 TEST_F(X11KeyStrokesManagedTests, theWayBackToTheRecordedWindowEndsInOneChord)

@@ -77,7 +77,7 @@ ChordPlayer::Outcome ChordPlayer::playAt(const Moment& moment, PasteChord chord,
         planHeldKeys(moment.coreDown, moment.devices, heldModifierKeys(keymap), setOf(*keys));
 
     hotKeys_->releaseGrabs(); // Our own hot key may be this very chord.
-    releaseKeys(*connection_, plan.lift);
+    lift(plan.lift);
     clearStickyModifiers(moment);
     for (const Keycode modifier : keys->modifiers)
         pressKey(*connection_, modifier);
@@ -86,10 +86,65 @@ ChordPlayer::Outcome ChordPlayer::playAt(const Moment& moment, PasteChord chord,
     for (auto modifier = keys->modifiers.rbegin(); modifier != keys->modifiers.rend(); ++modifier)
         releaseKey(*connection_, *modifier);
     hotKeys_->restoreGrabs();
-    pressKeys(*connection_, plan.putBack);
+    putBack(plan.putBack);
     restoreStickyModifiers(moment);
     putBackKeys_.watch(plan.putBack, devices);
     return Outcome::played;
+}
+
+namespace {
+
+/// While this exists, the keyboard is ours: no launcher that has grabbed a key by itself is woken by it, and
+/// nothing reaches the focused window. Where somebody else has the keyboard it stays his.
+class KeyboardGrab {
+public:
+    explicit KeyboardGrab(X11Connection& connection)
+        : connection_(connection)
+    {
+        constexpr std::uint8_t eventsGoToOwner = 0;
+        const auto cookie = xcb_grab_keyboard(connection_.raw(), eventsGoToOwner, connection_.root(),
+                                              XCB_CURRENT_TIME, XCB_GRAB_MODE_ASYNC, XCB_GRAB_MODE_ASYNC);
+        xcb_discard_reply(connection_.raw(), cookie.sequence);
+    }
+    ~KeyboardGrab() { xcb_ungrab_keyboard(connection_.raw(), XCB_CURRENT_TIME); }
+    KeyboardGrab(const KeyboardGrab&) = delete;
+    KeyboardGrab& operator=(const KeyboardGrab&) = delete;
+
+private:
+    X11Connection& connection_;
+};
+
+} // namespace
+
+void ChordPlayer::lift(const KeySet& keys)
+{
+    if (keys.none())
+        return;
+    {
+        const KeyboardGrab grab(*connection_);
+        tapKeyWithoutMeaning();
+    }
+    releaseKeys(*connection_, keys); // The focused window may count presses and releases: it sees these.
+}
+
+void ChordPlayer::putBack(const KeySet& keys)
+{
+    if (keys.none())
+        return;
+    const KeyboardGrab grab(*connection_);
+    pressKeys(*connection_, keys);
+    tapKeyWithoutMeaning();
+}
+
+/// Some programs act on a modifier that is pressed and released with nothing in between: launchers on Super,
+/// menu bars on Alt. This is something in between.
+void ChordPlayer::tapKeyWithoutMeaning()
+{
+    const auto key = keyWithoutMeaning(keyboard_->keymap());
+    if (!key)
+        return;
+    pressKey(*connection_, *key);
+    releaseKey(*connection_, *key);
 }
 
 namespace {

@@ -35,6 +35,9 @@ private:
 
     Moment takeMoment(const std::vector<KeyboardDevice>& devices);
     Outcome playAt(const Moment& moment, PasteChord chord, const std::vector<KeyboardDevice>& devices);
+    void lift(const KeySet& keys);
+    void putBack(const KeySet& keys);
+    void tapKeyWithoutMeaning();
     void clearStickyModifiers(const Moment& moment);
     void restoreStickyModifiers(const Moment& moment);
 

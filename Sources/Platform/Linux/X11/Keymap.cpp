@@ -86,4 +86,16 @@ KeySet heldModifierKeys(const Keymap& keymap)
     return keys;
 }
 
+std::optional<Keycode> keyWithoutMeaning(const Keymap& keymap)
+{
+    KeySet modifiers;
+    for (const auto& keys : keymap.modifierKeys)
+        for (const Keycode key : keys)
+            modifiers[key] = true;
+    for (std::size_t key = keycodeCount - 1; key >= lowestKeycode; --key)
+        if (keymap.symbols.at(key).empty() && !modifiers[key])
+            return static_cast<Keycode>(key);
+    return std::nullopt;
+}
+
 } // namespace tessel

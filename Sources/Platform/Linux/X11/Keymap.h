@@ -75,4 +75,7 @@ std::uint8_t modifiersOf(const Keymap& keymap, Keysym symbol);
 /// pressing one of those on the user's behalf would change more than a held key does.
 KeySet heldModifierKeys(const Keymap& keymap);
 
+/// A key that has no symbol in any group and sets no modifier, so that pressing it means nothing to anybody.
+std::optional<Keycode> keyWithoutMeaning(const Keymap& keymap);
+
 } // namespace tessel

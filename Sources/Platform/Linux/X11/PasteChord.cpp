@@ -9,14 +9,17 @@ namespace tessel {
 namespace {
 
 /// In small letters, by class name or instance name.
-constexpr std::array<std::string_view, 47> controlShiftVTerminals = {
+constexpr std::array<std::string_view, 57> controlShiftVTerminals = {
     "alacritty",
     "blackbox",
+    "com.github.amezin.ddterm",
     "com.mitchellh.ghostty",
     "com.raggesilver.blackbox",
+    "com.system76.cosmicterm",
     "contour",
     "cool-retro-term",
     "deepin-terminal",
+    "dev.warp.warp",
     "elementary-terminal",
     "foot",
     "ghostty",
@@ -31,6 +34,7 @@ constexpr std::array<std::string_view, 47> controlShiftVTerminals = {
     "lxterminal",
     "mate-terminal",
     "org.codeberg.dnkl.foot",
+    "org.contourterminal.contour",
     "org.gnome.console",
     "org.gnome.ptyxis",
     "org.gnome.terminal",
@@ -45,6 +49,8 @@ constexpr std::array<std::string_view, 47> controlShiftVTerminals = {
     "sakura",
     "st",
     "st-256color",
+    "stterm",
+    "stterm-256color",
     "tabby",
     "terminal",
     "terminator",
@@ -52,16 +58,20 @@ constexpr std::array<std::string_view, 47> controlShiftVTerminals = {
     "termite",
     "tilda",
     "tilix",
+    "tym",
     "wezterm",
     "wezterm-gui",
     "xfce4-terminal",
     "xfce4-terminal-dropdown",
+    "xst",
+    "xst-256color",
     "yakuake",
+    "zutty",
 };
 
-constexpr std::array<std::string_view, 11> shiftInsertTerminals = {
-    "aterm", "eterm",        "kterm", "koi8rxterm", "mlterm", "mrxvt",
-    "rxvt",  "rxvt-unicode", "urxvt", "uxterm",     "xterm",
+constexpr std::array<std::string_view, 13> shiftInsertTerminals = {
+    "aterm", "eterm", "koi8rxterm",   "kterm", "mlterm", "mrxvt", "pterm",
+    "putty", "rxvt",  "rxvt-unicode", "urxvt", "uxterm", "xterm",
 };
 
 std::string lowercase(std::string_view text)

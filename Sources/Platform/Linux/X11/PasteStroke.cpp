@@ -164,8 +164,8 @@ void PasteStroke::awaitAvailability()
 {
     if (std::exchange(isAwaitingAvailability_, true))
         return;
-    if (*chord_ == PasteChord::shiftInsert && rooms_.offerPrimary)
-        rooms_.offerPrimary();
+    if (*chord_ == PasteChord::shiftInsert && rooms_.offerPrimary && !rooms_.offerPrimary())
+        return end();
     const auto goOn = [this, chord = *chord_, lifetime = std::weak_ptr(lifetime_)] {
         if (lifetime.expired() || chord_ != chord)
             return;

@@ -26,8 +26,8 @@ public:
         std::shared_ptr<X11Keyboard> keyboard;
         std::shared_ptr<ChordPlayer> player;
         /// Begins to offer the text that is being pasted as PRIMARY. Runs before a chord that pastes PRIMARY.
-        /// May be absent.
-        std::function<void()> offerPrimary;
+        /// False: there is no text, and the chord would paste what somebody has selected. May be absent.
+        std::function<bool()> offerPrimary;
         /// Runs its argument, on a later turn of the loop, once others get what is being pasted, from
         /// whichever selection. Absent: they do already.
         std::function<void(std::function<void()>)> whenAvailable;

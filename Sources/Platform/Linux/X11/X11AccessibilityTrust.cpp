@@ -1,10 +1,33 @@
 #include "X11/X11AccessibilityTrust.h"
 
+#include <algorithm>
 #include <utility>
 
-#include <QtCore/QtGlobal>
+#include <QtGui/QGuiApplication>
+#include <QtGui/QScreen>
 
 namespace tessel {
+
+namespace {
+
+/// Xwayland says what it is by an extension; before version 23 only by the names of its outputs.
+bool isXwayland(const X11Connection& connection)
+{
+    if (connection.extensions().wayland)
+        return true;
+    const auto screens = QGuiApplication::screens();
+    return std::any_of(screens.begin(), screens.end(), [](const QScreen* screen) {
+        return screen->name().startsWith(QLatin1String("XWAYLAND"));
+    });
+}
+
+/// The compositor's socket, or what the session says of itself (systemd, `pam_systemd`).
+bool isInWaylandSession()
+{
+    return !qEnvironmentVariableIsEmpty("WAYLAND_DISPLAY") || qgetenv("XDG_SESSION_TYPE") == "wayland";
+}
+
+} // namespace
 
 bool reachesOtherApplications(const SessionFacts& facts)
 {
@@ -13,8 +36,8 @@ bool reachesOtherApplications(const SessionFacts& facts)
 
 X11AccessibilityTrust::X11AccessibilityTrust(const X11Connection& connection,
                                              std::function<void()> showPrompt)
-    : facts_{connection.isAlive() && connection.extensions().test, connection.extensions().wayland,
-             !qEnvironmentVariableIsEmpty("WAYLAND_DISPLAY")}
+    : facts_{connection.isAlive() && connection.extensions().test, isXwayland(connection),
+             isInWaylandSession()}
     , showPrompt_(std::move(showPrompt))
 {}
 

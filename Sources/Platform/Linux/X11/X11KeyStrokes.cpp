@@ -7,7 +7,7 @@
 namespace tessel {
 
 X11KeyStrokes::X11KeyStrokes(std::shared_ptr<X11Connection> connection, std::shared_ptr<X11Keyboard> keyboard,
-                             std::shared_ptr<X11HotKeyCenter> hotKeys, std::function<void()> offerPrimary,
+                             std::shared_ptr<X11HotKeyCenter> hotKeys, std::function<bool()> offerPrimary,
                              std::function<void(std::function<void()>)> whenAvailable, PastePatience patience)
     : rooms_{connection,
              keyboard,

@@ -22,7 +22,7 @@ class X11KeyStrokes : public KeyStrokes {
 public:
     /// `offerPrimary`, `whenAvailable` and `patience` as in `PasteStroke::Rooms`.
     X11KeyStrokes(std::shared_ptr<X11Connection> connection, std::shared_ptr<X11Keyboard> keyboard,
-                  std::shared_ptr<X11HotKeyCenter> hotKeys, std::function<void()> offerPrimary,
+                  std::shared_ptr<X11HotKeyCenter> hotKeys, std::function<bool()> offerPrimary,
                   std::function<void(std::function<void()>)> whenAvailable = {}, PastePatience patience = {});
 
     void postKeyStroke(std::uint16_t keyCode, ModifierFlags flags,

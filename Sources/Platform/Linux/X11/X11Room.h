@@ -42,7 +42,7 @@ struct X11RoomNeeds {
     /// Shows a small window that says what is missing for a paste; must not wait.
     std::function<void()> showTrustPrompt;
     /// Begins to offer the text that is being pasted as PRIMARY.
-    std::function<void()> offerPrimary;
+    std::function<bool()> offerPrimary;
     /// Runs its argument, on a later turn of the loop, once others get what is being pasted.
     std::function<void(std::function<void()>)> whenAvailable = {};
 };

@@ -102,10 +102,12 @@ void X11Pasteboard::writeObjects(SharedImage image)
     state_->write(std::move(value));
 }
 
-void X11Pasteboard::offerPrimary()
+bool X11Pasteboard::offerPrimary()
 {
-    if (state_->worker && state_->text)
-        state_->worker->offerPrimary(state_->text);
+    if (!state_->worker || !state_->text)
+        return false;
+    state_->worker->offerPrimary(state_->text);
+    return true;
 }
 
 void X11Pasteboard::whenAvailable(std::function<void()> done)

@@ -42,8 +42,8 @@ public:
     void writeObjects(SharedImage image) override;
 
     /// Puts the current string into the PRIMARY selection as well, until the next write: for applications
-    /// that paste from nowhere else. Does nothing without a string.
-    void offerPrimary();
+    /// that paste from nowhere else. False: there is no string.
+    bool offerPrimary();
 
     /// Runs `done` on the main thread, on a later turn of its loop, once the server has decided on what was
     /// written and offered last: others are given that from now on, unless somebody copied something newer.

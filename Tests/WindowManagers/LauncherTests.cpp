@@ -1,0 +1,46 @@
+// A window manager that opens its launcher when Super is pressed and released alone.
+
+#include "ProgramTest.h"
+
+namespace tessel::desktop {
+
+namespace {
+
+class KwinLauncherTest : public ProgramTest {
+protected:
+    KwinLauncherTest()
+        : ProgramTest({.windowManager = WindowManagerChoice::kwin})
+    {}
+
+    /// Counted from zero; kwin is set up to show the next one instead of a launcher.
+    std::vector<std::uint32_t> currentDesktop()
+    {
+        return desktop_.connection().propertyItems(desktop_.connection().root(), "_NET_CURRENT_DESKTOP");
+    }
+};
+
+TEST_F(KwinLauncherTest, SuperHeldFromTheHotKeyToThePasteOpensNoLauncher)
+{
+    copyTexts({"A", "B"});
+    TextClient target(desktop_, TextClientKind::gtk);
+    auto& keyboard = desktop_.keyboard();
+    keyboard.press(XKB_KEY_Super_L);
+    keyboard.chord({XKB_KEY_Shift_L}, XKB_KEY_v);
+    program_->panel().waitUntilOpen();
+    keyboard.tap(XKB_KEY_Down);
+    keyboard.tap(XKB_KEY_Return);
+    target.waitForText("A");
+    keyboard.release(XKB_KEY_Super_L);
+    desktop_.connection().waitUntil("every key to be up again",
+                                    [&] { return !desktop_.keyboard().isAnyKeyDown(); });
+    expectPastedOnce(target, "A");
+    EXPECT_EQ(currentDesktop(), std::vector<std::uint32_t>{0});
+
+    keyboard.tap(XKB_KEY_Super_L);
+    desktop_.connection().waitUntil("kwin to see that Super was pressed alone",
+                                    [this] { return currentDesktop() == std::vector<std::uint32_t>{1}; });
+}
+
+} // namespace
+
+} // namespace tessel::desktop
