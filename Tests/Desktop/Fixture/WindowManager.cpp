@@ -23,6 +23,10 @@ constexpr std::string_view openboxConfiguration = R"(<?xml version="1.0" encodin
 </openbox_config>
 )";
 
+/// Openbox announces itself before it is ready: a window that is mapped then may wait for its next event for
+/// ever. This is what it sets on the root window when it is.
+constexpr auto readyProperty = "TESSEL_OPENBOX_READY";
+
 /// A window of every kind takes its place in the tiling unless it says that it floats. No bar.
 constexpr std::string_view i3Configuration = "# i3 config file (v4)\nfont pango:monospace 8\n";
 
@@ -40,7 +44,12 @@ std::vector<std::string> managerCommand(WindowManagerChoice choice, const Tempor
         break;
     case WindowManagerChoice::openbox: {
         const auto file = directory.write("openbox.xml", std::string(openboxConfiguration));
-        return {"openbox", "--sm-disable", "--config-file", file.string()};
+        return {"openbox",
+                "--sm-disable",
+                "--config-file",
+                file.string(),
+                "--startup",
+                std::string("xprop -root -f ") + readyProperty + " 32c -set " + readyProperty + " 1"};
     }
     case WindowManagerChoice::xfwm4:
         // Its settings come over the session bus, where nobody has any: it takes its defaults.
@@ -90,6 +99,10 @@ WindowManager::WindowManager(WindowManagerChoice choice, XConnection& connection
             throw DesktopFailure(process_.name() + " ended; it said: " + process_.errorOutput());
         return isRunning(connection);
     });
+    if (choice == WindowManagerChoice::openbox)
+        connection.waitUntil("openbox to be ready", [&] {
+            return !connection.propertyItems(connection.root(), readyProperty).empty();
+        });
     if (composites(choice))
         connection.waitUntil(process_.name() + " to composite the screen",
                              [&] { return connection.selectionOwner("_NET_WM_CM_S0") != XCB_WINDOW_NONE; });
