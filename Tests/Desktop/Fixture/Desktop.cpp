@@ -43,7 +43,7 @@ Desktop::Desktop(DesktopOptions options)
     : options_(options)
     , environment_(makeEnvironment(directory_))
 {
-    display_.emplace(options_.server, options_.screen, environment_);
+    display_.emplace(options_.screen, environment_, options_.server);
     environment_["DISPLAY"] = display_->name();
     if (options_.bus == BusChoice::sessionBus) {
         bus_.emplace(directory_, environment_);

@@ -60,7 +60,7 @@ Environment serverEnvironment(ServerChoice choice, Environment environment)
 
 } // namespace
 
-VirtualDisplay::VirtualDisplay(ServerChoice choice, Extent screen, const Environment& environment)
+VirtualDisplay::VirtualDisplay(Extent screen, const Environment& environment, ServerChoice choice)
     : compositor_(startCompositor(choice, screen, environment))
     , server_(serverCommand(choice, screen), serverEnvironment(choice, environment))
     , name_(":" + server_.waitForLine(""))

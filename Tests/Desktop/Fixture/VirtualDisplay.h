@@ -24,7 +24,7 @@ enum class ServerChoice {
 /// A virtual X server on a display number of its own.
 class VirtualDisplay {
 public:
-    VirtualDisplay(ServerChoice choice, Extent screen, const Environment& environment);
+    VirtualDisplay(Extent screen, const Environment& environment, ServerChoice choice = ServerChoice::usual);
 
     /// The value for `DISPLAY`, such as ":3".
     const std::string& name() const { return name_; }

@@ -46,7 +46,8 @@ TEST_F(X11AccessibilityTrustTests, aServerWithoutSyntheticKeysIsNotTrustedAndNot
     EXPECT_FALSE(trust.isProcessTrusted());
 
     const auto keyboard = std::make_shared<X11Keyboard>(connection);
-    const auto hotKeys = std::make_shared<X11HotKeyCenter>(connection, keyboard, room.userTime);
+    const auto hotKeys =
+        std::make_shared<X11HotKeyCenter>(connection, keyboard, room.toolkitWindows, room.userTime);
     X11KeyStrokes strokes(connection, keyboard, hotKeys, {});
     strokes.postKeyStroke(VirtualKey::v, ModifierFlags::command, std::nullopt);
     EXPECT_TRUE(waitUntil([&] { return !strokes.isBusy(); }));
