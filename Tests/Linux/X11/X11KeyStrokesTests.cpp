@@ -28,7 +28,11 @@ protected:
     {
         auto& it = this->room;
         it.keyStrokes = std::make_shared<X11KeyStrokes>(
-            it.connection, it.keyboard, it.hotKeyCenter, [this] { ++this->primaryOffers; },
+            it.connection, it.keyboard, it.hotKeyCenter,
+            [this] {
+                ++this->primaryOffers;
+                return true;
+            },
             std::function<void(std::function<void()>)>{}, patience);
     }
 
