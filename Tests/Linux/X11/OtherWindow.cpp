@@ -90,6 +90,27 @@ void OtherWindow::setProperty(const std::string& name, xcb_atom_t type,
     xcb_flush(connection_);
 }
 
+void OtherWindow::askForFrameExtents()
+{
+    xcb_client_message_event_t message{};
+    message.response_type = XCB_CLIENT_MESSAGE;
+    message.format = 32;
+    message.window = window_;
+    message.type = atom("_NET_REQUEST_FRAME_EXTENTS");
+    xcb_send_event(connection_, 0, root_,
+                   XCB_EVENT_MASK_SUBSTRUCTURE_NOTIFY | XCB_EVENT_MASK_SUBSTRUCTURE_REDIRECT,
+                   reinterpret_cast<const char*>(&message));
+    xcb_flush(connection_);
+}
+
+bool OtherWindow::hasFrameExtents()
+{
+    const X11Reply<xcb_get_property_reply_t> reply(xcb_get_property_reply(
+        connection_,
+        xcb_get_property(connection_, 0, window_, atom("_NET_FRAME_EXTENTS"), XCB_ATOM_ANY, 0, 4), nullptr));
+    return reply && reply->type != XCB_NONE;
+}
+
 void OtherWindow::becomeDock(const std::vector<std::uint32_t>& strutPartial)
 {
     setProperty("_NET_WM_WINDOW_TYPE", XCB_ATOM_ATOM, {atom("_NET_WM_WINDOW_TYPE_DOCK")});

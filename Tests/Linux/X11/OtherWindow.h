@@ -38,6 +38,10 @@ public:
     void takeFocusInside();
     void closeWindow();
     void setProperty(const std::string& name, xcb_atom_t type, const std::vector<std::uint32_t>& units);
+    /// The window manager answers with a property of the window (EWMH), once it has done what it was asked for
+    /// before.
+    void askForFrameExtents();
+    bool hasFrameExtents();
     /// What a dock is: its type, and what it reserves.
     void becomeDock(const std::vector<std::uint32_t>& strutPartial);
     bool hasFocus() const { return hasFocus_; }

@@ -25,6 +25,19 @@ protected:
         panel.open(this->room);
         ASSERT_TRUE(waitUntil([this] { return this->room.application->isActive(); }));
         ASSERT_TRUE(waitUntil([this] { return this->room.toolkitWindows->focusedWindow() == panel.id(); }));
+        waitForTheWindowManager();
+    }
+
+    /// The panel asks for the focus more than once, and a busy window manager may give it once more when
+    /// somebody else has it already.
+    void waitForTheWindowManager()
+    {
+        if (!this->room.windowManager->maintainsActiveWindow())
+            return;
+        this->room.connection->currentServerTime();
+        OtherWindow asking;
+        asking.askForFrameExtents();
+        ASSERT_TRUE(waitUntil([&] { return asking.hasFrameExtents(); }));
     }
 
     /// What the server says of the old panel is read after the new one is shown.
