@@ -52,7 +52,7 @@ TEST_F(HotKeyTest, PressedTwiceInQuickSuccessionOpensAndCloses)
     program_->pressHotKey();
     program_->pressHotKey();
     letTheProgramTick();
-    EXPECT_FALSE(program_->panel().isOpen());
+    program_->panel().waitUntilClosed();
     program_->openPanel();
     program_->closePanel();
 }
