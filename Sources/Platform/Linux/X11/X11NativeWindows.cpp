@@ -144,7 +144,12 @@ void X11NativeWindows::takeFocus(xcb_window_t window, xcb_timestamp_t time)
     // The window that has just gone may not have given its focus back yet: that is this one's task now.
     if (focusBefore_ && !toolkitWindows_->isShown(focusBefore_->window))
         focusBefore_->window = window;
+    // A second request would come after the first one has had its effect, and after what followed from that.
+    if (std::exchange(takesFocus_, window) == window)
+        return;
     whenFocusIsKnown([this, window, time](xcb_window_t focus) {
+        if (takesFocus_ == window)
+            takesFocus_.reset();
         if (!toolkitWindows_->isShown(window))
             return;
         rememberFocus(window, focus);
@@ -225,7 +230,7 @@ void X11NativeWindows::windowDidMap(xcb_window_t window)
         return;
     wantsFocus_.reset();
     // The request from before may have come too early for a window manager that takes its time.
-    if (toolkitWindows_->focusedWindow() != window)
+    if (windowManager_->maintainsActiveWindow() && toolkitWindows_->focusedWindow() != window)
         requestFocus(window);
 }
 

@@ -66,6 +66,8 @@ private:
     std::map<xcb_window_t, Panel> panels_;
     /// The window that is to have the focus and is not on screen yet.
     std::optional<xcb_window_t> wantsFocus_;
+    /// The window that takes the focus as soon as it is known who has it, where no window manager gives it.
+    std::optional<xcb_window_t> takesFocus_;
     /// Only where no window manager gives the focus back.
     std::optional<FocusBefore> focusBefore_;
     xcb_window_t compositingManager_ = noWindow;
