@@ -31,7 +31,7 @@ protected:
             it.connection, it.keyboard, it.hotKeyCenter,
             [this] {
                 ++this->primaryOffers;
-                return true;
+                return this->pastedIsText;
             },
             std::function<void(std::function<void()>)>{}, patience);
     }
