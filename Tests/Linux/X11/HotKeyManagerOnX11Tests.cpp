@@ -54,6 +54,9 @@ TEST_F(HotKeyManagerOnX11, everyPresetCallsBackOnceForAPress)
     typist.tapWith({Key::controlLeft, Key::shiftLeft}, Key::v);
     typist.tapWith({Key::superLeft, Key::altLeft}, Key::v);
     EXPECT_TRUE(waitUntil([&] { return calls == 3; }));
+    typist.tapWith({Key::superLeft, Key::altLeft}, Key::v);
+    EXPECT_TRUE(waitUntil([&] { return calls >= 4; }));
+    EXPECT_EQ(calls, 4) << "A press of another preset has counted.";
 }
 
 TEST_F(HotKeyManagerOnX11, aPresetThatIsChosenWhileItsKeysAreHeldWaitsForTheNextPress)

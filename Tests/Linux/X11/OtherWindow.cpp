@@ -144,6 +144,20 @@ bool OtherWindow::grabKey(Keycode key, std::uint16_t modifiers)
     return !error;
 }
 
+bool OtherWindow::grabKeyboard()
+{
+    const auto cookie =
+        xcb_grab_keyboard(connection_, 0, root_, XCB_CURRENT_TIME, XCB_GRAB_MODE_ASYNC, XCB_GRAB_MODE_ASYNC);
+    const X11Reply<xcb_grab_keyboard_reply_t> reply(xcb_grab_keyboard_reply(connection_, cookie, nullptr));
+    return reply && reply->status == XCB_GRAB_STATUS_SUCCESS;
+}
+
+void OtherWindow::ungrabKeyboard()
+{
+    xcb_ungrab_keyboard(connection_, XCB_CURRENT_TIME);
+    synchronize();
+}
+
 void OtherWindow::ungrabKey(Keycode key, std::uint16_t modifiers)
 {
     xcb_ungrab_key(connection_, key, root_, modifiers);

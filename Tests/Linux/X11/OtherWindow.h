@@ -38,8 +38,8 @@ public:
     void takeFocusInside();
     void closeWindow();
     void setProperty(const std::string& name, xcb_atom_t type, const std::vector<std::uint32_t>& units);
-    /// The window manager answers with a property of the window (EWMH), once it has done what it was asked for
-    /// before.
+    /// The window manager answers with a property of the window (EWMH), once it has done what it was asked
+    /// for before.
     void askForFrameExtents();
     bool hasFrameExtents();
     /// What a dock is: its type, and what it reserves.
@@ -59,6 +59,9 @@ public:
     /// Another application's hot key. False: the combination is taken.
     bool grabKey(Keycode key, std::uint16_t modifiers);
     void ungrabKey(Keycode key, std::uint16_t modifiers);
+    /// As a screen locker does. False: somebody else has the keyboard.
+    bool grabKeyboard();
+    void ungrabKeyboard();
 
 private:
     void read();

@@ -1,4 +1,5 @@
 #include "Desktop.h"
+#include "OtherWindow.h"
 #include "WaitUntil.h"
 
 namespace tessel {
@@ -52,6 +53,27 @@ TEST_F(X11AccessibilityTrustTests, aServerWithoutSyntheticKeysIsNotTrustedAndNot
     strokes.postKeyStroke(VirtualKey::v, ModifierFlags::command, std::nullopt);
     EXPECT_TRUE(waitUntil([&] { return !strokes.isBusy(); }));
     EXPECT_TRUE(connection->isAlive());
+}
+
+TEST_F(X11AccessibilityTrustTests, whereNothingCanBePastedNoKeyIsKeptFromAnybody)
+{
+    room = {};
+    qputenv("XDG_SESSION_TYPE", "wayland");
+    room = makeX11Room({});
+    qunsetenv("XDG_SESSION_TYPE");
+    OtherWindow target;
+    target.show();
+    target.takeFocus();
+    target.synchronize();
+    const auto application = room.workspace->frontmostApplication();
+    ASSERT_TRUE(application);
+    typist.press(Key::returnKey);
+    typist.synchronize();
+    application->activate(ActivationOptions::ignoringOtherApps);
+    room.connection->currentServerTime();
+    EXPECT_TRUE(target.grabKeyboard());
+    target.ungrabKeyboard();
+    typist.release(Key::returnKey);
 }
 
 TEST(SessionFacts, everythingHasToBeInPlace)

@@ -85,14 +85,21 @@ TEST_F(X11ConnectionTests, nothingWakesTheProgramWhileNothingHappens)
     room.connection->whenReplied<xcb_get_input_focus_reply_t>(xcb_get_input_focus(room.connection->raw()),
                                                               owner, [&](const auto*) { isSettled = true; });
     ASSERT_TRUE(waitUntil([&] { return isSettled; }));
-    bool isOver = false;
-    QTimer::singleShot(std::chrono::milliseconds{500}, [&] { isOver = true; });
-    int wakeUps = 0;
-    const auto counting = QObject::connect(loop, &QAbstractEventDispatcher::awake, [&] { ++wakeUps; });
-    while (!isOver)
-        QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
-    QObject::disconnect(counting);
-    EXPECT_LE(wakeUps, 3) << "The timer of this test alone needs one.";
+    const auto isQuiet = [loop] {
+        bool isOver = false;
+        QTimer::singleShot(std::chrono::milliseconds{500}, [&] { isOver = true; });
+        int wakeUps = 0;
+        const auto counting = QObject::connect(loop, &QAbstractEventDispatcher::awake, [&] { ++wakeUps; });
+        while (!isOver)
+            QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
+        QObject::disconnect(counting);
+        return wakeUps <= 3; // The timer alone needs one.
+    };
+    // What the tests before have left behind comes once; what polls never rests.
+    bool hasRested = false;
+    for (int round = 0; round < 20 && !hasRested; ++round)
+        hasRested = isQuiet();
+    EXPECT_TRUE(hasRested);
 }
 
 TEST_F(X11ConnectionTests, anErrorIsAReplyOfNothing)

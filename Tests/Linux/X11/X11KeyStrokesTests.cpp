@@ -36,6 +36,13 @@ protected:
             std::function<void(std::function<void()>)>{}, patience);
     }
 
+    /// With a repetition that is quick, so that there are some to see.
+    void holdReturnDown()
+    {
+        ASSERT_TRUE(runProgram({"xset", "r", "on", "r", "rate", "150", "50"}));
+        this->typist.press(Key::returnKey);
+    }
+
     void post(std::optional<ProcessIdentifier> process)
     {
         this->room.keyStrokes->postKeyStroke(VirtualKey::v, ModifierFlags::command, process);
@@ -432,12 +439,13 @@ TEST_F(X11KeyStrokesTests, aHeldReturnDoesNotRepeatIntoTheTargetAndTheChordFollo
     OtherWindow panel;
     showWithFocus(target);
     showWithFocus(panel);
-    ASSERT_TRUE(runProgram({"xset", "r", "rate", "150", "50"}));
-    typist.press(Key::returnKey);
-    ASSERT_TRUE(waitUntil([&] { return panel.presses() == 1; }));
+    holdReturnDown();
+    ASSERT_TRUE(waitUntil([&] { return panel.presses() >= 1; }));
     int repetitions = 0;
     const Token token = room.connection->observeEvents(
         [&](const xcb_generic_event_t& event) { repetitions += eventKind(event) == XCB_KEY_PRESS; });
+    room.keyStrokes->targetWillGetFocus();
+    room.connection->currentServerTime();
     target.takeFocus();
     post(target.process());
     ASSERT_TRUE(waitUntil([&] { return repetitions >= 5; })) << "The repetitions have to come to us.";
@@ -454,6 +462,66 @@ TEST_F(X11KeyStrokesTests, aHeldReturnDoesNotRepeatIntoTheTargetAndTheChordFollo
     EXPECT_EQ(target.presses(Key::a, Modifier::none), 1) << "The keyboard is free again.";
 }
 
+TEST_F(X11KeyStrokesTests, aHeldReturnIsKeptFromEverybodyAlsoWhenTheTargetIsClosed)
+{
+    OtherWindow bystander;
+    OtherWindow panel;
+    showWithFocus(bystander);
+    {
+        OtherWindow target;
+        showWithFocus(target);
+        showWithFocus(panel);
+        holdReturnDown();
+        ASSERT_TRUE(waitUntil([&] { return panel.presses() >= 1; }));
+        room.keyStrokes->targetWillGetFocus();
+        post(target.process());
+        target.closeWindow();
+    }
+    ASSERT_TRUE(waitForStrokes());
+    room.connection->currentServerTime();
+    bystander.takeFocus();
+    int repetitions = 0;
+    const Token token = room.connection->observeEvents(
+        [&](const xcb_generic_event_t& event) { repetitions += eventKind(event) == XCB_KEY_PRESS; });
+    EXPECT_TRUE(waitUntil([&] { return repetitions >= 5; }));
+    typist.release(Key::returnKey);
+    EXPECT_TRUE(waitUntil([&] { return bystander.grabKeyboard(); })) << "The keyboard is free again.";
+    bystander.ungrabKeyboard();
+    bystander.synchronize();
+    EXPECT_EQ(bystander.presses(), 0);
+}
+
+TEST_F(X11KeyStrokesTests, noGrabOfTheKeyboardOutlivesTheKeyStrokes)
+{
+    OtherWindow panel;
+    OtherWindow locker;
+    showWithFocus(panel);
+    typist.press(Key::returnKey);
+    typist.synchronize();
+    room.keyStrokes->targetWillGetFocus();
+    room.keyStrokes.reset();
+    room.connection->currentServerTime();
+    EXPECT_TRUE(locker.grabKeyboard());
+    locker.ungrabKeyboard();
+    typist.release(Key::returnKey);
+}
+
+TEST_F(X11KeyStrokesTests, aProgramThatHasGrabbedTheKeyboardIsNotPastedInto)
+{
+    OtherWindow target;
+    OtherWindow locker;
+    showWithFocus(target);
+    ASSERT_TRUE(locker.grabKeyboard());
+    paste(target, target.process());
+    locker.synchronize();
+    EXPECT_EQ(target.presses(), 0);
+    EXPECT_EQ(locker.presses(), 0);
+    locker.ungrabKeyboard();
+    locker.synchronize();
+    paste(target, target.process());
+    EXPECT_EQ(target.presses(Key::v, Modifier::control), 1);
+}
+
 TEST_F(X11KeyStrokesTests, theFocusMayTakeItsTimeAfterTheRelease)
 {
     OtherWindow target;
@@ -461,7 +529,7 @@ TEST_F(X11KeyStrokesTests, theFocusMayTakeItsTimeAfterTheRelease)
     showWithFocus(target);
     showWithFocus(panel);
     setPatience({.focus = std::chrono::milliseconds{400}, .release = std::chrono::hours{1}});
-    ASSERT_TRUE(runProgram({"xset", "r", "rate", "60", "50"}));
+    ASSERT_TRUE(runProgram({"xset", "r", "on", "r", "rate", "60", "50"}));
     typist.press(Key::keypadEnter);
     typist.synchronize();
     int repetitions = 0;
@@ -482,6 +550,7 @@ TEST_F(X11KeyStrokesTests, aReturnThatIsNeverReleasedIsLiftedAfterTwoSeconds)
 {
     OtherWindow target;
     showWithFocus(target);
+    ASSERT_TRUE(runProgram({"xset", "r", "off"}));
     typist.press(Key::returnKey);
     ASSERT_TRUE(waitUntil([&] { return target.presses() == 1; }));
     target.forget();

@@ -1,6 +1,7 @@
 #include "Desktop.h"
 
 #include "OtherWindow.h"
+#include "TestPanel.h"
 #include "WaitUntil.h"
 
 namespace tessel {
@@ -123,6 +124,17 @@ TEST_F(X11WorkspaceManagedTests, activatingBringsTheRecordedWindowBackNotJustAny
     EXPECT_TRUE(waitUntil([&] { return first.hasFocus() && !second.hasFocus(); }));
 }
 
+TEST_F(X11WorkspaceManagedTests, ourOwnWindowIsFrontmostOnlyWhileItIsShown)
+{
+    TestPanel panel;
+    panel.prepare(room);
+    panel.open(room);
+    ASSERT_TRUE(waitUntil([&] { return frontmost(room) == ProcessIdentifier{panel.id()}; }));
+    const auto id = panel.id();
+    panel.hide();
+    EXPECT_NE(frontmost(room), ProcessIdentifier{id}) << "Also while openbox goes on announcing it.";
+}
+
 TEST_F(X11WorkspaceManagedTests, aClosedWindowCannotBeActivated)
 {
     OtherWindow first;
@@ -131,7 +143,8 @@ TEST_F(X11WorkspaceManagedTests, aClosedWindowCannotBeActivated)
     const auto application = room.workspace->frontmostApplication();
     first.closeWindow();
     EXPECT_TRUE(waitUntil([&] { return !application->activate(ActivationOptions::ignoringOtherApps); }));
-    EXPECT_EQ(application->processIdentifier(), first.process());
+    EXPECT_EQ(application->processIdentifier(), ProcessIdentifier{noWindow})
+        << "Another may have its number.";
 }
 
 TEST_F(X11WorkspaceBareTests, addressesAreOpenedByTheLauncher)

@@ -78,18 +78,26 @@ ChordPlayer::Outcome ChordPlayer::playAt(const Moment& moment, PasteChord chord,
 
     hotKeys_->releaseGrabs(); // Our own hot key may be this very chord.
     lift(plan.lift);
-    clearStickyModifiers(moment);
-    for (const Keycode modifier : keys->modifiers)
-        pressKey(*connection_, modifier);
-    pressKey(*connection_, keys->key);
-    releaseKey(*connection_, keys->key);
-    for (auto modifier = keys->modifiers.rbegin(); modifier != keys->modifiers.rend(); ++modifier)
-        releaseKey(*connection_, *modifier);
+    const bool isPlayed = keysReachTheFocus();
+    if (isPlayed) {
+        clearStickyModifiers(moment);
+        type(*keys);
+    }
     hotKeys_->restoreGrabs();
     putBack(plan.putBack);
     restoreStickyModifiers(moment);
     putBackKeys_.watch(plan.putBack, devices);
-    return Outcome::played;
+    return isPlayed ? Outcome::played : Outcome::impossible;
+}
+
+void ChordPlayer::type(const ChordKeys& keys)
+{
+    for (const Keycode modifier : keys.modifiers)
+        pressKey(*connection_, modifier);
+    pressKey(*connection_, keys.key);
+    releaseKey(*connection_, keys.key);
+    for (auto modifier = keys.modifiers.rbegin(); modifier != keys.modifiers.rend(); ++modifier)
+        releaseKey(*connection_, *modifier);
 }
 
 namespace {
@@ -104,17 +112,29 @@ public:
         constexpr std::uint8_t eventsGoToOwner = 0;
         const auto cookie = xcb_grab_keyboard(connection_.raw(), eventsGoToOwner, connection_.root(),
                                               XCB_CURRENT_TIME, XCB_GRAB_MODE_ASYNC, XCB_GRAB_MODE_ASYNC);
-        xcb_discard_reply(connection_.raw(), cookie.sequence);
+        const auto reply = connection_.wait(xcb_grab_keyboard_reply, cookie);
+        isGranted_ = reply && reply->status == XCB_GRAB_STATUS_SUCCESS;
     }
     ~KeyboardGrab() { xcb_ungrab_keyboard(connection_.raw(), XCB_CURRENT_TIME); }
     KeyboardGrab(const KeyboardGrab&) = delete;
     KeyboardGrab& operator=(const KeyboardGrab&) = delete;
 
+    bool isGranted() const { return isGranted_; }
+
 private:
     X11Connection& connection_;
+    bool isGranted_ = false;
 };
 
 } // namespace
+
+/// A screen locker, a launcher or an open menu may have the keyboard, whoever has the focus. One that got it
+/// with a held modifier has lost it when that was lifted.
+bool ChordPlayer::keysReachTheFocus()
+{
+    const KeyboardGrab grab(*connection_);
+    return grab.isGranted();
+}
 
 void ChordPlayer::lift(const KeySet& keys)
 {

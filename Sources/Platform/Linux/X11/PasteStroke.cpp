@@ -24,7 +24,6 @@ xcb_get_property_cookie_t requestWindowClass(X11Connection& connection, xcb_wind
 PasteStroke::PasteStroke(Rooms rooms, std::optional<xcb_window_t> target)
     : rooms_(std::move(rooms))
     , target_(target)
-    , heldReturn_(rooms_.connection, rooms_.keyboard, rooms_.patience.release)
 {
     patience_.setSingleShot(true);
     patience_.setTimerType(Qt::PreciseTimer);
@@ -45,7 +44,17 @@ void PasteStroke::begin(std::function<void()> didEnd)
         devices_ = devices;
         play();
     });
-    heldReturn_.waitForRelease([this] { returnIsUp(); });
+    waitForReturn();
+}
+
+void PasteStroke::waitForReturn()
+{
+    returnIsUp_ = false;
+    patience_.stop();
+    rooms_.heldReturn->waitForRelease([this, lifetime = std::weak_ptr(lifetime_)] {
+        if (!lifetime.expired())
+            returnIsUp();
+    });
 }
 
 void PasteStroke::findClassOfTarget()
@@ -148,6 +157,8 @@ void PasteStroke::play()
 {
     if (!didEnd_ || !returnIsUp_ || !devices_ || !chord_ || !rightFocus_)
         return;
+    if (rooms_.heldReturn->isHolding())
+        return waitForReturn(); // The Return of the next paste.
     if (!isAvailable_)
         return awaitAvailability();
     switch (rooms_.player->play(*chord_, *rightFocus_, *devices_)) {

@@ -25,6 +25,7 @@ public:
         std::shared_ptr<X11Connection> connection;
         std::shared_ptr<X11Keyboard> keyboard;
         std::shared_ptr<ChordPlayer> player;
+        std::shared_ptr<HeldReturn> heldReturn;
         /// Begins to offer the text that is being pasted as PRIMARY. Runs before a chord that pastes PRIMARY.
         /// False: there is no text, and the chord would paste what somebody has selected. May be absent.
         std::function<bool()> offerPrimary;
@@ -41,6 +42,7 @@ public:
     void begin(std::function<void()> didEnd);
 
 private:
+    void waitForReturn();
     void returnIsUp();
     void findClassOfTarget();
     void checkFocus();
@@ -58,7 +60,6 @@ private:
     Rooms rooms_;
     std::optional<xcb_window_t> target_;
     std::function<void()> didEnd_;
-    HeldReturn heldReturn_;
     QTimer patience_;
     std::optional<std::vector<KeyboardDevice>> devices_;
     std::optional<PasteChord> chord_;

@@ -49,7 +49,8 @@ bool RecordedWindow::activate(ActivationOptions)
 
 ProcessIdentifier RecordedWindow::processIdentifier() const
 {
-    return ProcessIdentifier{window_};
+    // The number of a closed window may be another's by now.
+    return ProcessIdentifier{isClosed_ ? noWindow : window_};
 }
 
 void RecordedWindow::follow(const xcb_generic_event_t& event)

@@ -114,6 +114,8 @@ std::optional<X11HotKeyCenter::Attempt> X11HotKeyCenter::requestGrab(HotKeyRef h
     Registration& registration = registrations_.at(hotKey);
     ++registration.attempt;
     registration.grab = grabFor(registration);
+    registration.isAwaitingAnswer = registration.grab.has_value();
+    registration.asksAgainIfRefused = false;
     if (!registration.grab)
         return std::nullopt;
     Attempt attempt = {hotKey, registration.attempt, *registration.grab, {}};
@@ -133,10 +135,15 @@ void X11HotKeyCenter::conclude(const Attempt& attempt)
     }
     const auto found = registrations_.find(attempt.hotKey);
     // Whoever has unregistered it, or asked for it anew, has released this grab.
-    if (!isRefused || found == registrations_.end() || found->second.attempt != attempt.number)
+    if (found == registrations_.end() || found->second.attempt != attempt.number)
+        return;
+    found->second.isAwaitingAnswer = false;
+    if (!isRefused)
         return;
     found->second.grab.reset();
     requestRelease(attempt.grab); // Part of a hot key is worse than none: it would depend on Caps Lock.
+    if (found->second.asksAgainIfRefused)
+        requestGrabWithoutWaiting(attempt.hotKey);
     connection_->flush();
 }
 
@@ -174,9 +181,12 @@ void X11HotKeyCenter::restoreGrabs()
 
 void X11HotKeyCenter::requestRefusedGrabs()
 {
-    for (const auto& [reference, registration] : registrations_)
-        if (!registration.grab)
+    for (auto& [reference, registration] : registrations_) {
+        if (registration.isAwaitingAnswer)
+            registration.asksAgainIfRefused = true;
+        else if (!registration.grab)
             requestGrabWithoutWaiting(reference);
+    }
     connection_->flush();
 }
 

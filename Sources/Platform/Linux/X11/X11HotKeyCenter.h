@@ -58,6 +58,9 @@ private:
         EventHotKeyID identifier;
         std::optional<Grab> grab; ///< None: it is refused, or this keyboard lacks it.
         int attempt = 0;          ///< Counts how often it was asked for.
+        bool isAwaitingAnswer = false;
+        /// Something has happened while the answer was on its way that may have freed the combination.
+        bool asksAgainIfRefused = false;
     };
     /// A grab on its way: one request for each combination of the locks.
     struct Attempt {

@@ -12,6 +12,7 @@ X11KeyStrokes::X11KeyStrokes(std::shared_ptr<X11Connection> connection, std::sha
     : rooms_{connection,
              keyboard,
              std::make_shared<ChordPlayer>(connection, keyboard, std::move(hotKeys)),
+             std::make_shared<HeldReturn>(connection, keyboard, patience.release),
              std::move(offerPrimary),
              std::move(whenAvailable),
              patience}
@@ -25,6 +26,8 @@ void X11KeyStrokes::postKeyStroke(std::uint16_t keyCode, ModifierFlags flags,
     std::optional<xcb_window_t> target;
     if (process)
         target = static_cast<xcb_window_t>(*process);
+    if (target == noWindow)
+        return; // It has been closed.
     waiting_.push_back(target);
     if (!current_)
         beginNext();
@@ -32,8 +35,7 @@ void X11KeyStrokes::postKeyStroke(std::uint16_t keyCode, ModifierFlags flags,
 
 void X11KeyStrokes::targetWillGetFocus()
 {
-    returnBefore_ = std::make_unique<HeldReturn>(rooms_.connection, rooms_.keyboard, rooms_.patience.release);
-    returnBefore_->holdAtOnce();
+    rooms_.heldReturn->holdAtOnce();
 }
 
 void X11KeyStrokes::beginNext()

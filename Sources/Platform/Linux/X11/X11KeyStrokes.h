@@ -42,7 +42,6 @@ private:
     PasteStroke::Rooms rooms_;
     std::deque<std::optional<xcb_window_t>> waiting_;
     std::unique_ptr<PasteStroke> current_;
-    std::unique_ptr<HeldReturn> returnBefore_;
     /// Receives the calls that are queued for a later turn of the loop; they go with it.
     QObject context_;
 };

@@ -19,12 +19,13 @@ X11Room makeX11Room(X11RoomNeeds needs)
     room.keyStrokes =
         std::make_shared<X11KeyStrokes>(room.connection, room.keyboard, room.hotKeyCenter,
                                         std::move(needs.offerPrimary), std::move(needs.whenAvailable));
-    room.workspace = std::make_shared<X11Workspace>(room.connection, room.windowManager, room.toolkitWindows,
-                                                    room.userTime, X11Workspace::launchDetached,
-                                                    [strokes = std::weak_ptr(room.keyStrokes)] {
-                                                        if (const auto keyStrokes = strokes.lock())
-                                                            keyStrokes->targetWillGetFocus();
-                                                    });
+    room.workspace = std::make_shared<X11Workspace>(
+        room.connection, room.windowManager, room.toolkitWindows, room.userTime, X11Workspace::launchDetached,
+        [strokes = std::weak_ptr(room.keyStrokes), trust = room.accessibilityTrust] {
+            const auto keyStrokes = strokes.lock();
+            if (keyStrokes && trust->isProcessTrusted())
+                keyStrokes->targetWillGetFocus();
+        });
     room.eventMonitors = std::make_shared<QtEventMonitors>();
     room.screens = std::make_shared<X11Screens>(room.connection, room.windowManager);
     room.nativeWindows = std::make_shared<X11NativeWindows>(room.connection, room.windowManager,

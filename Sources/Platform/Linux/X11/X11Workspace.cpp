@@ -40,7 +40,8 @@ std::optional<X11Workspace::FrontWindow> X11Workspace::frontWindow()
     if (!windowManager_->maintainsActiveWindow())
         return frontWindowByFocus();
     const auto active = windowManager_->currentActiveWindow();
-    if (!active)
+    // With nothing left to activate, openbox goes on announcing our closed panel.
+    if (!active || (toolkitWindows_->owns(*active) && !toolkitWindows_->isShown(*active)))
         return std::nullopt;
     return FrontWindow{*active, *active};
 }
