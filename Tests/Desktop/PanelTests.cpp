@@ -7,7 +7,6 @@ namespace tessel::desktop {
 namespace {
 
 using testing::Contains;
-using testing::Each;
 using testing::IsSupersetOf;
 
 class PanelTest : public ProgramTest {
@@ -115,7 +114,10 @@ TEST_F(PanelTest, ItSaysWhatItIsToTheWindowManager)
         windows.atomNames(panel.window, "_NET_WM_STATE"),
         IsSupersetOf({"_NET_WM_STATE_ABOVE", "_NET_WM_STATE_SKIP_TASKBAR", "_NET_WM_STATE_SKIP_PAGER"}));
     // The window manager's answer to a window that wants no decoration: a frame without any extent.
-    EXPECT_THAT(desktop_.connection().propertyItems(panel.window, "_NET_FRAME_EXTENTS"), Each(0U));
+    const std::vector<std::uint32_t> noExtents{0, 0, 0, 0};
+    desktop_.connection().waitUntil("a frame without any extent", [&] {
+        return desktop_.connection().propertyItems(panel.window, "_NET_FRAME_EXTENTS") == noExtents;
+    });
     // The first flag of WM_NORMAL_HINTS says that the user chose the position (ICCCM section 4.1.2.3).
     const auto hints = desktop_.connection().propertyItems(panel.window, "WM_NORMAL_HINTS");
     ASSERT_FALSE(hints.empty());
