@@ -145,6 +145,47 @@ TEST_F(PanelTest, ItOpensOnEveryDesktopOfTheWindowManager)
     program_->closePanel();
 }
 
+TEST_F(PanelTest, TheWindowManagerMayEndAndStartAgain)
+{
+    copyTexts({"A", "B"});
+    TextClient editor(desktop_, TextClientKind::gtk);
+    const auto expectThatItIsUsable = [&](int downPresses, const std::string& text) {
+        editor.setText("");
+        editor.activate();
+        const auto panel = program_->openPanel();
+        EXPECT_TRUE(desktop_.windows().hasFocus(panel.window));
+        program_->closePanel();
+        desktop_.connection().waitUntil("the editor to have the focus again",
+                                        [&] { return editor.hasFocus(); });
+        choose(downPresses);
+        editor.waitForText(text);
+    };
+    expectThatItIsUsable(0, "B");
+    desktop_.endWindowManager();
+    expectThatItIsUsable(1, "A");
+    desktop_.startWindowManager();
+    expectThatItIsUsable(0, "B");
+    EXPECT_EQ(editor.pasteCount(), 3);
+}
+
+TEST_F(PanelTest, TheWindowManagerMayEndAndStartAgainWhileItIsOpen)
+{
+    copyTexts({"A"});
+    TextClient editor(desktop_, TextClientKind::gtk);
+    const auto expectThatItOpensAgain = [&] {
+        editor.activate();
+        program_->panel().waitUntilClosed();
+        const auto panel = program_->openPanel();
+        EXPECT_TRUE(desktop_.windows().hasFocus(panel.window));
+    };
+    program_->openPanel();
+    desktop_.endWindowManager();
+    expectThatItOpensAgain();
+    desktop_.startWindowManager();
+    expectThatItOpensAgain();
+    program_->closePanel();
+}
+
 class CompositedPanelTest : public PanelTest {
 protected:
     CompositedPanelTest()
