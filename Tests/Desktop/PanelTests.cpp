@@ -7,7 +7,6 @@ namespace tessel::desktop {
 namespace {
 
 using testing::Contains;
-using testing::Each;
 using testing::IsSupersetOf;
 
 class PanelTest : public ProgramTest {
@@ -115,7 +114,10 @@ TEST_F(PanelTest, ItSaysWhatItIsToTheWindowManager)
         windows.atomNames(panel.window, "_NET_WM_STATE"),
         IsSupersetOf({"_NET_WM_STATE_ABOVE", "_NET_WM_STATE_SKIP_TASKBAR", "_NET_WM_STATE_SKIP_PAGER"}));
     // The window manager's answer to a window that wants no decoration: a frame without any extent.
-    EXPECT_THAT(desktop_.connection().propertyItems(panel.window, "_NET_FRAME_EXTENTS"), Each(0U));
+    const std::vector<std::uint32_t> noExtents{0, 0, 0, 0};
+    desktop_.connection().waitUntil("a frame without any extent", [&] {
+        return desktop_.connection().propertyItems(panel.window, "_NET_FRAME_EXTENTS") == noExtents;
+    });
     // The first flag of WM_NORMAL_HINTS says that the user chose the position (ICCCM section 4.1.2.3).
     const auto hints = desktop_.connection().propertyItems(panel.window, "WM_NORMAL_HINTS");
     ASSERT_FALSE(hints.empty());
@@ -140,6 +142,47 @@ TEST_F(PanelTest, ItOpensOnEveryDesktopOfTheWindowManager)
     const auto desktops = desktop_.connection().propertyItems(panel.window, "_NET_WM_DESKTOP");
     ASSERT_EQ(desktops.size(), 1U);
     EXPECT_EQ(desktops.front(), 0xFFFFFFFFU);
+    program_->closePanel();
+}
+
+TEST_F(PanelTest, TheWindowManagerMayEndAndStartAgain)
+{
+    copyTexts({"A", "B"});
+    TextClient editor(desktop_, TextClientKind::gtk);
+    const auto expectThatItIsUsable = [&](int downPresses, const std::string& text) {
+        editor.setText("");
+        editor.activate();
+        const auto panel = program_->openPanel();
+        EXPECT_TRUE(desktop_.windows().hasFocus(panel.window));
+        program_->closePanel();
+        desktop_.connection().waitUntil("the editor to have the focus again",
+                                        [&] { return editor.hasFocus(); });
+        choose(downPresses);
+        editor.waitForText(text);
+    };
+    expectThatItIsUsable(0, "B");
+    desktop_.endWindowManager();
+    expectThatItIsUsable(1, "A");
+    desktop_.startWindowManager();
+    expectThatItIsUsable(0, "B");
+    EXPECT_EQ(editor.pasteCount(), 3);
+}
+
+TEST_F(PanelTest, TheWindowManagerMayEndAndStartAgainWhileItIsOpen)
+{
+    copyTexts({"A"});
+    TextClient editor(desktop_, TextClientKind::gtk);
+    const auto expectThatItOpensAgain = [&] {
+        editor.activate();
+        program_->panel().waitUntilClosed();
+        const auto panel = program_->openPanel();
+        EXPECT_TRUE(desktop_.windows().hasFocus(panel.window));
+    };
+    program_->openPanel();
+    desktop_.endWindowManager();
+    expectThatItOpensAgain();
+    desktop_.startWindowManager();
+    expectThatItOpensAgain();
     program_->closePanel();
 }
 

@@ -1,5 +1,7 @@
 // Where a paste goes, and where it does not.
 
+#include <csignal>
+
 #include "ManyPastes.h"
 #include "UntrustedTest.h"
 
@@ -136,6 +138,23 @@ protected:
 TEST_F(WithoutSyntheticKeysTest, AnEntryIsOnlyCopiedAndThePromptSaysSo)
 {
     expectThatChoosingOnlyCopies();
+}
+
+TEST_F(WithoutSyntheticKeysTest, QuitEndsItWithThePromptAndThePanelOpen)
+{
+    Program program(desktop_);
+    showPromptAndPanel(program);
+    EXPECT_TRUE(program.quit().succeeded());
+    EXPECT_EQ(Program::sanitizerComplaint(program.process().errorOutput()), "");
+}
+
+TEST_F(WithoutSyntheticKeysTest, ASignalEndsItWithThePromptAndThePanelOpen)
+{
+    Program program(desktop_);
+    showPromptAndPanel(program);
+    program.process().signal(SIGTERM);
+    EXPECT_TRUE(program.process().waitForExit().succeeded());
+    EXPECT_EQ(Program::sanitizerComplaint(program.process().errorOutput()), "");
 }
 
 } // namespace

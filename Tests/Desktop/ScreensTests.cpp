@@ -133,7 +133,7 @@ TEST_P(ScreensTest, ItWorksAgainAfterEveryMonitorWasOff)
     awaitBeside({990, 400}, whole);
 }
 
-TEST_P(ScreensTest, ItGoesBackOntoTheScreenWhenItsMonitorHasGone)
+TEST_P(ScreensTest, ItOpensOnWhatIsLeftWhenItsMonitorWentWhileItWasOpen)
 {
     monitors_.set({{"left", left}, {"right", right}});
     awaitBeside({1500, 300}, right);

@@ -53,6 +53,20 @@ protected:
         EXPECT_TRUE(program.quit().succeeded());
     }
 
+    /// Leaves the prompt on the screen, and the panel open above it.
+    void showPromptAndPanel(Program& program)
+    {
+        showPanel(program);
+        const auto emptyPanel = program.panel().picture();
+        ClipboardOwner owner(desktop_.displayName());
+        owner.copyText("chosen");
+        program.panel().waitUntilItDiffersFrom(emptyPanel);
+        desktop_.keyboard().sendTap(XKB_KEY_Return, program.panel().waitUntilOpen().window);
+        program.panel().waitUntilClosed();
+        desktop_.windows().waitFor("the prompt", isPrompt);
+        showPanel(program);
+    }
+
     static bool isPrompt(const WindowFacts& window)
     {
         return window.isViewable && window.title.starts_with("Paste it yourself");

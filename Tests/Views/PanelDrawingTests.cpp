@@ -178,6 +178,21 @@ TEST(RowDrawing, ShowsThePinBetweenKindAndTime)
     EXPECT_GT(firstDifference, kindEnd);
 }
 
+TEST(RowDrawing, WritesSectionTitlesInCapitals)
+{
+    const auto header = [](const QString& title) {
+        QImage image(200, 40, QImage::Format_ARGB32_Premultiplied);
+        image.fill(qRgb(backdrop, backdrop, backdrop));
+        QPainter painter(&image);
+        PanelArtwork artwork;
+        RowPainter(painter, artwork).drawSectionHeader(QRectF(image.rect()), title);
+        return image;
+    };
+    for (const auto& [title, capitals] : {std::pair{"Pinned", "PINNED"}, std::pair{"Recent", "RECENT"}})
+        EXPECT_EQ(header(QString::fromLatin1(title)), header(QString::fromLatin1(capitals)));
+    EXPECT_NE(header(QStringLiteral("Pinned")), header(QStringLiteral("Recent")));
+}
+
 TEST(ContinuousCorners, PassTheCirclesPointOnTheDiagonal)
 {
     const QRectF square(0, 0, 100, 100);

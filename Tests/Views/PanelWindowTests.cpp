@@ -5,7 +5,6 @@
 #include <QtGui/QGuiApplication>
 #include <QtGui/QScreen>
 #include <QtGui/QWindow>
-#include <QtTest/QTest>
 
 #include "Panel/PanelFactory.h"
 #include "Panel/VisualEffectBlurView.h"
@@ -92,7 +91,7 @@ TEST(PanelWindow, TakesANewGeometryOnlyOnceItIsOnScreen)
     desktop.copyAll({"B", "C"});
     QCoreApplication::sendPostedEvents(&desktop.controller());
     EXPECT_EQ(desktop.window().geometry(), before);
-    ASSERT_TRUE(QTest::qWaitForWindowExposed(&desktop.window()));
+    ASSERT_TRUE(waitUntil([&] { return desktop.window().windowHandle()->isExposed(); }));
     runMainLoop();
     EXPECT_EQ(desktop.window().height(), 334);
 }

@@ -1,7 +1,5 @@
 #include "Panel/ClipboardListView.h"
 
-#include <QtCore/QDateTime>
-#include <QtCore/QLocale>
 #include <QtGui/QContextMenuEvent>
 #include <QtGui/QPainter>
 #include <QtGui/QWheelEvent>
@@ -14,6 +12,7 @@
 #include "Panel/PanelArtwork.h"
 #include "Panel/PanelStyle.h"
 #include "Panel/RowText.h"
+#include "Panel/TimeText.h"
 
 namespace tessel {
 
@@ -27,16 +26,6 @@ constexpr std::size_t mostTextsOutOfView = 24;
 
 /// How far beyond a row its outline and shadow may be seen, in points.
 constexpr int rowOverhang = 9;
-
-/// Hours and minutes as the user's locale writes them.
-QString timeText(Date date)
-{
-    const QDateTime moment = QDateTime::fromMSecsSinceEpoch(static_cast<qint64>(std::floor(date * 1000)));
-    const QLocale locale;
-    QString format = locale.timeFormat(QLocale::ShortFormat);
-    format.remove(QStringLiteral(":ss")); // A few locales, "C" among them, have seconds in the short format.
-    return locale.toString(moment.time(), format);
-}
 
 QString toQString(std::string_view text)
 {

@@ -1,7 +1,6 @@
 #include "Windows/TrustPrompt.h"
 
 #include <QtCore/QCoreApplication>
-#include <QtCore/QPointer>
 #include <QtWidgets/QDialogButtonBox>
 #include <QtWidgets/QLabel>
 #include <QtWidgets/QVBoxLayout>
@@ -20,10 +19,9 @@ QString text(const char* source)
     return QCoreApplication::translate("TrustPrompt", source);
 }
 
-QWidget* makePrompt()
+std::unique_ptr<QWidget> makePrompt()
 {
-    auto* prompt = new QWidget(nullptr, Qt::Dialog | Qt::WindowStaysOnTopHint);
-    prompt->setAttribute(Qt::WA_DeleteOnClose);
+    auto prompt = std::make_unique<QWidget>(nullptr, Qt::Dialog | Qt::WindowStaysOnTopHint);
     prompt->setAttribute(Qt::WA_ShowWithoutActivating);
     prompt->setWindowTitle(text("Paste it yourself"));
     prompt->setFixedWidth(promptWidth);
@@ -33,9 +31,9 @@ QWidget* makePrompt()
              "Tessel Clipboard cannot paste it for you: press Ctrl+V where you want it."));
     message->setWordWrap(true);
     auto* buttons = new QDialogButtonBox(QDialogButtonBox::Close);
-    QObject::connect(buttons, &QDialogButtonBox::rejected, prompt, &QWidget::close);
+    QObject::connect(buttons, &QDialogButtonBox::rejected, prompt.get(), &QWidget::close);
 
-    auto* layout = new QVBoxLayout(prompt);
+    auto* layout = new QVBoxLayout(prompt.get());
     layout->addWidget(message);
     layout->addWidget(buttons);
     return prompt;
@@ -45,11 +43,11 @@ QWidget* makePrompt()
 
 std::function<void()> trustPrompt()
 {
-    return [shown = std::make_shared<QPointer<QWidget>>()] {
-        if (!*shown)
-            *shown = makePrompt();
-        (*shown)->show();
-        (*shown)->raise();
+    return [prompt = std::make_shared<std::unique_ptr<QWidget>>()] {
+        if (!*prompt)
+            *prompt = makePrompt();
+        (*prompt)->show();
+        (*prompt)->raise();
     };
 }
 

@@ -54,7 +54,7 @@ Desktop::Desktop(DesktopOptions options)
     connection_.emplace(display_->name());
     applyScale();
     if (options_.windowManager != WindowManagerChoice::none)
-        windowManager_.emplace(options_.windowManager, *connection_, directory_, environment_);
+        startWindowManager();
     if (options_.compositor == CompositorChoice::picom)
         startCompositor();
     keyboard_.emplace(*connection_);
@@ -62,6 +62,11 @@ Desktop::Desktop(DesktopOptions options)
     windows_.emplace(*connection_);
     pixels_.emplace(*connection_);
     pixels_->paintBackground(backgroundColour);
+}
+
+void Desktop::startWindowManager()
+{
+    windowManager_.emplace(options_.windowManager, *connection_, directory_, environment_);
 }
 
 void Desktop::applyScale()

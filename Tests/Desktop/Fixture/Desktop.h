@@ -59,6 +59,11 @@ public:
     /// Pixels for each point, as programs are started.
     double scale() const { return options_.scale; }
 
+    /// Ends the window manager, which there must be. Its windows stay.
+    void endWindowManager() { windowManager_.reset(); }
+    /// Starts the window manager again after its end.
+    void startWindowManager();
+
     XConnection& connection() { return *connection_; }
     Keyboard& keyboard() { return *keyboard_; }
     Pointer& pointer() { return *pointer_; }

@@ -45,6 +45,13 @@ std::string announcement()
     return std::string("xprop -root -f ") + readyProperty + " 32c -set " + readyProperty + " 1";
 }
 
+/// Takes away what the one before has left behind, which would be taken for the next one's.
+void forgetAnnouncement(XConnection& connection)
+{
+    xcb_delete_property(connection.get(), connection.root(), connection.atom(readyProperty));
+    connection.synchronize();
+}
+
 std::vector<std::string> managerCommand(WindowManagerChoice choice, const TemporaryDirectory& directory)
 {
     switch (choice) {
@@ -95,11 +102,12 @@ std::ostream& operator<<(std::ostream& stream, WindowManagerChoice choice)
 
 WindowManager::WindowManager(WindowManagerChoice choice, XConnection& connection,
                              const TemporaryDirectory& directory, const Environment& environment)
-    : process_(managerCommand(choice, directory), environment)
 {
+    forgetAnnouncement(connection);
+    process_.emplace(managerCommand(choice, directory), environment);
     connection.waitUntil("a window manager", [&] {
-        if (!process_.isRunning())
-            throw DesktopFailure(process_.name() + " ended; it said: " + process_.errorOutput());
+        if (!process_->isRunning())
+            throw DesktopFailure(process_->name() + " ended; it said: " + process_->errorOutput());
         return isRunning(connection);
     });
     if (choice == WindowManagerChoice::openbox)
@@ -107,7 +115,7 @@ WindowManager::WindowManager(WindowManagerChoice choice, XConnection& connection
             return !connection.propertyItems(connection.root(), readyProperty).empty();
         });
     if (composites(choice))
-        connection.waitUntil(process_.name() + " to composite the screen",
+        connection.waitUntil(process_->name() + " to composite the screen",
                              [&] { return connection.selectionOwner("_NET_WM_CM_S0") != XCB_WINDOW_NONE; });
 }
 

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <optional>
 #include <ostream>
 
 #include "ChildProcess.h"
@@ -27,7 +28,7 @@ public:
     static bool isRunning(XConnection& connection);
 
 private:
-    ChildProcess process_;
+    std::optional<ChildProcess> process_;
 };
 
 } // namespace tessel::desktop

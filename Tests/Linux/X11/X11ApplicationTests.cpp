@@ -1,6 +1,7 @@
 #include "Desktop.h"
 
 #include "OtherWindow.h"
+#include "TestManager.h"
 #include "TestPanel.h"
 #include "WaitUntil.h"
 
@@ -124,6 +125,18 @@ TEST_F(X11ApplicationBareTests, closingTheLastWindowEndsTheActivity)
     openPanel();
     panel.hide();
     EXPECT_TRUE(waitUntil([this] { return !room.application->isActive(); }));
+}
+
+TEST_F(X11ApplicationBareTests, theFocusOfAHiddenWindowIsNoActivity)
+{
+    openPanel();
+    panel.hide();
+    ASSERT_TRUE(waitUntil([this] { return !room.application->isActive(); }));
+    const int before = changeCount;
+    TestManager().pretendFocus(panel.id());
+    ASSERT_TRUE(waitUntil([this] { return room.toolkitWindows->focusedWindow() == panel.id(); }));
+    EXPECT_FALSE(room.application->isActive());
+    EXPECT_EQ(changeCount, before);
 }
 
 TEST_F(X11ApplicationManagedTests, thePanelOpenedAtOnceAfterAnotherIsActive)

@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "OtherWindow.h"
+#include "TestManager.h"
 #include "TestPanel.h"
 #include "WaitUntil.h"
 #include "X11/PropertyValue.h"
@@ -144,6 +145,60 @@ TEST_F(X11NativeWindowsBareTests, withoutAWindowManagerThePanelGetsTheFocusToo)
     EXPECT_TRUE(
         waitUntil([&] { return room.toolkitWindows->focusedWindow() == panel.id() && !other.hasFocus(); }));
     EXPECT_TRUE(room.application->isActive());
+}
+
+TEST_F(X11NativeWindowsBareTests, aManagerThatGivesNoFocusMayMapThePanelLate)
+{
+    OtherWindow other;
+    other.show();
+    ASSERT_TRUE(waitUntil([&] { return other.isMapped(); }));
+    other.takeFocus();
+    ASSERT_TRUE(waitUntil([&] { return other.hasFocus(); }));
+    TestManager manager;
+    manager.takeOver();
+    TestPanel panel;
+    panel.prepare(room);
+    room.userTime->note(*room.connection->currentServerTime());
+    for (int opening = 0; opening < 2; ++opening) {
+        panel.open(room);
+        ASSERT_TRUE(everythingIsAnswered());
+        manager.map(panel.id());
+        EXPECT_TRUE(waitUntil([&] {
+            return room.toolkitWindows->focusedWindow() == panel.id() && !other.hasFocus();
+        })) << "Opening "
+            << opening;
+        panel.hide();
+        EXPECT_TRUE(waitUntil([&] { return other.hasFocus(); })) << "Opening " << opening;
+    }
+}
+
+TEST_F(X11NativeWindowsBareTests, nothingIsAskedForAPanelThatIsHiddenAgainAtOnce)
+{
+    TestManager manager;
+    manager.announce({"_NET_ACTIVE_WINDOW"});
+    ASSERT_TRUE(waitUntil([&] { return room.windowManager->maintainsActiveWindow(); }));
+    TestPanel panel;
+    panel.prepare(room);
+    // What is sent to the root window for a window manager everybody may see.
+    int desktopRequests = 0;
+    const Token selected =
+        room.connection->selectEvents(room.connection->root(), XCB_EVENT_MASK_SUBSTRUCTURE_NOTIFY);
+    const Token requests = room.connection->observeEvents([&](const xcb_generic_event_t& event) {
+        if (eventKind(event) != XCB_CLIENT_MESSAGE)
+            return;
+        const auto& message = eventAs<xcb_client_message_event_t>(event);
+        if (message.window == panel.id() && message.type == room.connection->atoms().netWindowDesktop)
+            ++desktopRequests;
+    });
+    int unmappings = 0;
+    const Token unmapped = room.toolkitWindows->observeUnmapping([&](xcb_window_t) { ++unmappings; });
+    panel.open(room);
+    panel.hide();
+    ASSERT_TRUE(waitUntil([&] { return unmappings == 1; }));
+    ASSERT_TRUE(everythingIsAnswered());
+    EXPECT_EQ(desktopRequests, 0);
+    panel.open(room);
+    EXPECT_TRUE(waitUntil([&] { return desktopRequests == 1; }));
 }
 
 TEST_F(X11NativeWindowsBareTests, withoutAWindowManagerAHiddenPanelGivesTheFocusBack)

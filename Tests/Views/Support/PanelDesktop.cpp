@@ -124,8 +124,11 @@ void PanelDesktop::doubleClick(std::string_view text)
 void PanelDesktop::clickButton(std::string_view title)
 {
     for (QAbstractButton* button : window().findChildren<QAbstractButton*>()) {
-        if (button->text().toStdString() == title)
-            return QTest::mouseClick(button, Qt::LeftButton);
+        if (button->text().toStdString() != title)
+            continue;
+        if (!button->isEnabled())
+            throw std::logic_error("The button is disabled.");
+        return QTest::mouseClick(button, Qt::LeftButton);
     }
     throw std::logic_error("No button has that title.");
 }

@@ -53,6 +53,7 @@ public:
     void movePointer(const QPoint& place);
     void click(std::string_view text);
     void doubleClick(std::string_view text);
+    /// Throws where no enabled button has that title.
     void clickButton(std::string_view title);
 
     FakeNativeWindows nativeWindows;

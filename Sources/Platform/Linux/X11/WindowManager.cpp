@@ -142,9 +142,16 @@ void WindowManager::adoptSupported(const xcb_get_property_reply_t* reply)
     const auto isSupported = [&](xcb_atom_t hint) {
         return std::find(supported.begin(), supported.end(), hint) != supported.end();
     };
-    supportsActiveWindow_ = isSupported(connection_->atoms().netActiveWindow);
-    supportsWorkArea_ = isSupported(connection_->atoms().netWorkArea);
-    managerObservers_.tell();
+    const bool supportsActiveWindow = isSupported(connection_->atoms().netActiveWindow);
+    const bool supportsWorkArea = isSupported(connection_->atoms().netWorkArea);
+    const bool activeWindowChanged = supportsActiveWindow != supportsActiveWindow_;
+    const bool workAreaChanged = supportsWorkArea != supportsWorkArea_;
+    supportsActiveWindow_ = supportsActiveWindow;
+    supportsWorkArea_ = supportsWorkArea;
+    if (activeWindowChanged)
+        observers_.tell();
+    if (activeWindowChanged || workAreaChanged)
+        managerObservers_.tell();
 }
 
 void WindowManager::adoptActiveWindow(xcb_window_t window)

@@ -1,5 +1,6 @@
 #include "X11/X11Application.h"
 
+#include <cstdlib>
 #include <utility>
 
 #include <QtCore/QCoreApplication>
@@ -30,8 +31,10 @@ void X11Application::activate(IgnoringOtherApps)
 
 void X11Application::terminate()
 {
+    // Asking every window to close first, as quit() does, would leave it to each of them to say no.
     if (auto* application = QCoreApplication::instance())
-        QMetaObject::invokeMethod(application, &QCoreApplication::quit, Qt::QueuedConnection);
+        QMetaObject::invokeMethod(
+            application, [] { QCoreApplication::exit(EXIT_SUCCESS); }, Qt::QueuedConnection);
 }
 
 Token X11Application::observeActivity(std::function<void()> didChange)
@@ -43,7 +46,9 @@ bool X11Application::hasActiveWindow() const
 {
     // A window manager moves the focus first and announces the active window after it, in either direction:
     // either of the two is enough.
-    if (toolkitWindows_->focusedWindow())
+    const auto focused = toolkitWindows_->focusedWindow();
+    // The focus of a window that is hidden already may be announced late.
+    if (focused && toolkitWindows_->isShown(*focused))
         return true;
     // With no window left to activate, openbox goes on announcing one that is gone.
     const auto active = windowManager_->activeWindow();

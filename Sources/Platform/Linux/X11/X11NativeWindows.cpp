@@ -30,8 +30,10 @@ X11NativeWindows::X11NativeWindows(std::shared_ptr<X11Connection> connection,
         [this](xcb_window_t window, QPoint corner) { windowWillShow(window, corner); });
     unmapping_ = toolkitWindows_->observeUnmapping([this](xcb_window_t window) { windowDidUnmap(window); });
     mapping_ = toolkitWindows_->observeMapping([this](xcb_window_t window) { windowDidMap(window); });
-    destruction_ =
-        toolkitWindows_->observeDestruction([this](xcb_window_t window) { panels_.erase(window); });
+    destruction_ = toolkitWindows_->observeDestruction([this](xcb_window_t window) {
+        panels_.erase(window);
+        mapped_.erase(window);
+    });
     followCompositingManager();
 }
 
@@ -108,6 +110,10 @@ void X11NativeWindows::setUnits(xcb_window_t window, xcb_atom_t property, xcb_at
 
 void X11NativeWindows::windowWillShow(xcb_window_t window, QPoint corner)
 {
+    mapped_.erase(window);
+    // What was wanted before it was hidden is over.
+    if (wantsFocus_ == window)
+        wantsFocus_.reset();
     const auto found = panels_.find(window);
     if (found == panels_.end() || !connection_->isAlive())
         return;
@@ -121,7 +127,8 @@ void X11NativeWindows::makeKeyAndOrderFront(NativeWindowHandle window)
     const auto id = static_cast<xcb_window_t>(window);
     if (!toolkitWindows_->owns(id) || !connection_->isAlive())
         return;
-    wantsFocus_ = id;
+    if (!mapped_.contains(id))
+        wantsFocus_ = id;
     requestFocus(id);
 }
 
@@ -153,6 +160,9 @@ void X11NativeWindows::takeFocus(xcb_window_t window, xcb_timestamp_t time)
         if (!toolkitWindows_->isShown(window))
             return;
         rememberFocus(window, focus);
+        // A window that is not mapped cannot have the focus, and a window manager may take its time.
+        if (wantsFocus_ == window)
+            return;
         raiseAndFocus(toolkitWindows_->raw(), window, time);
         xcb_flush(toolkitWindows_->raw());
     });
@@ -177,6 +187,7 @@ void X11NativeWindows::whenFocusIsKnown(std::function<void(xcb_window_t)> handle
 
 void X11NativeWindows::windowDidUnmap(xcb_window_t window)
 {
+    mapped_.erase(window);
     if (!focusBefore_ || focusBefore_->window != window || !connection_->isAlive())
         return;
     whenFocusIsKnown([this, window](xcb_window_t focus) {
@@ -223,14 +234,18 @@ void X11NativeWindows::settle(xcb_window_t window, Panel& panel)
 
 void X11NativeWindows::windowDidMap(xcb_window_t window)
 {
+    // It may have been hidden again before this was read.
+    if (!toolkitWindows_->isShown(window) || !connection_->isAlive())
+        return;
+    mapped_.insert(window);
     const auto panel = panels_.find(window);
-    if (panel != panels_.end() && connection_->isAlive() && windowManager_->maintainsActiveWindow())
+    if (panel != panels_.end() && windowManager_->maintainsActiveWindow())
         settle(window, panel->second);
     if (wantsFocus_ != window)
         return;
     wantsFocus_.reset();
     // The request from before may have come too early for a window manager that takes its time.
-    if (windowManager_->maintainsActiveWindow() && toolkitWindows_->focusedWindow() != window)
+    if (toolkitWindows_->focusedWindow() != window)
         requestFocus(window);
 }
 

@@ -5,6 +5,7 @@
 #include <map>
 #include <memory>
 #include <optional>
+#include <set>
 #include <span>
 
 #include <QtCore/QPoint>
@@ -64,6 +65,8 @@ private:
     std::shared_ptr<ToolkitWindows> toolkitWindows_;
     std::shared_ptr<UserTime> userTime_;
     std::map<xcb_window_t, Panel> panels_;
+    /// Shown windows that the server has mapped.
+    std::set<xcb_window_t> mapped_;
     /// The window that is to have the focus and is not on screen yet.
     std::optional<xcb_window_t> wantsFocus_;
     /// The window that takes the focus as soon as it is known who has it, where no window manager gives it.
