@@ -299,23 +299,6 @@ TEST_F(X11HotKeyCenterTests, noPartIsKeptOfACombinationThatAnotherApplicationHas
     EXPECT_EQ(pressesAfter({Key::superLeft, Key::altLeft}), 1U);
 }
 
-TEST_F(X11HotKeyCenterTests, aCombinationThatIsFreedWhileItsRefusalIsOnItsWayIsAskedForAgain)
-{
-    const auto announceWindows = [this] {
-        xcb_change_property(room.connection->raw(), XCB_PROP_MODE_REPLACE, room.connection->root(),
-                            room.connection->atoms().netClientList, XCB_ATOM_WINDOW, 32, 0, nullptr);
-        room.connection->currentServerTime();
-    };
-    OtherWindow owner;
-    ASSERT_TRUE(owner.grabKey(Key::v, Modifier::super | Modifier::shift));
-    ASSERT_TRUE(room.hotKeyCenter->registerEventHotKey(9, superShift, clip));
-    announceWindows();
-    QCoreApplication::processEvents();
-    owner.ungrabKey(Key::v, Modifier::super | Modifier::shift);
-    announceWindows();
-    EXPECT_TRUE(waitUntil([&] { return pressesAfter({Key::superLeft, Key::shiftLeft}) == 1; }));
-}
-
 TEST_F(X11HotKeyCenterManagedTests, aRefusedCombinationIsTakenWhenItsOwnerHasGone)
 {
     auto other = std::make_unique<OtherWindow>();
