@@ -49,9 +49,12 @@ ApplicationDescription chromium(const Desktop& desktop, const std::string& page)
     // Keys reach the page once it has the focus itself and has been painted; earlier ones are dropped.
     const auto script = std::string(R"(<script>
         let isPainted = false;
+        let hasSaid = false; // Later on the page says something else, and paints for the first time what it was given.
         const say = () => {
-            if (isPainted && document.hasFocus())
-                document.title = ")") +
+            if (hasSaid || !isPainted || !document.hasFocus())
+                return;
+            hasSaid = true;
+            document.title = ")") +
                         title + R"(";
         };
         addEventListener("focus", say);
