@@ -18,12 +18,6 @@ protected:
         copyTexts({"A", "B"});
     }
 
-    void waitUntilNoKeyIsDown()
-    {
-        desktop_.connection().waitUntil("every key to be up again",
-                                        [this] { return !desktop_.keyboard().isAnyKeyDown(); });
-    }
-
     /// The keys move; a launcher that opens when Super is pressed and released alone sees that.
     void expectTheWatchWorks(LoneKeyWatch& watch)
     {
@@ -43,15 +37,7 @@ TEST_F(HeldKeyTest, SuperHeldFromTheHotKeyToThePasteIsNoTapOfSuper)
 {
     TextClient target(desktop_, TextClientKind::gtk);
     auto watch = watchLoneKey(XKB_KEY_Super_L);
-    auto& keyboard = desktop_.keyboard();
-    keyboard.press(XKB_KEY_Super_L);
-    keyboard.chord({XKB_KEY_Shift_L}, XKB_KEY_v);
-    program_->panel().waitUntilOpen();
-    keyboard.tap(XKB_KEY_Down);
-    keyboard.tap(XKB_KEY_Return);
-    target.waitForText("A");
-    keyboard.release(XKB_KEY_Super_L);
-    waitUntilNoKeyIsDown();
+    pasteTheSecondEntryUnderHeldSuper(target, "A");
     EXPECT_EQ(watch.count(), 0);
     expectPastedOnce(target, "A");
     expectTheWatchWorks(watch);

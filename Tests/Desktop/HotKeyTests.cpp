@@ -49,12 +49,17 @@ TEST_F(HotKeyTest, OpensAndCloses)
 
 TEST_F(HotKeyTest, PressedTwiceInQuickSuccessionOpensAndCloses)
 {
-    program_->pressHotKey();
-    program_->pressHotKey();
-    letTheProgramTick();
-    program_->waitUntilItHasRead();
-    program_->panel().waitUntilClosed();
-    program_->openPanel();
+    // Two presses that are ignored leave it closed, too; of three that count the third one opens it.
+    for (const int presses : {2, 3}) {
+        for (int press = 0; press < presses; ++press)
+            program_->pressHotKey();
+        letTheProgramTick();
+        program_->waitUntilItHasRead();
+        if (presses == 2)
+            program_->panel().waitUntilClosed();
+        else
+            program_->panel().waitUntilOpen();
+    }
     program_->closePanel();
 }
 

@@ -129,6 +129,44 @@ protected:
         EXPECT_TRUE(editor.hasFocus());
     }
 
+    /// The first entry arrives in `field` exactly as a paste by hand brings it, which begins with
+    /// `beginning`.
+    void expectPastedAsByHand(TextClient& field, const std::string& beginning)
+    {
+        field.pressPasteKeys();
+        std::string byHand;
+        desktop_.connection().waitUntil("the paste by hand",
+                                        [&] { return !(byHand = field.text()).empty(); });
+        EXPECT_EQ(byHand.substr(0, beginning.size()), beginning);
+        field.setText("");
+        choose(0);
+        field.waitForText(byHand);
+        letTheProgramTick();
+        desktop_.keyboard().type("!");
+        field.waitForText(byHand + "!");
+        EXPECT_EQ(field.pasteCount(), 2);
+    }
+
+    void waitUntilNoKeyIsDown()
+    {
+        desktop_.connection().waitUntil("every key to be up again",
+                                        [this] { return !desktop_.keyboard().isAnyKeyDown(); });
+    }
+
+    /// Super is held down from the hot key until the entry, `text`, has arrived.
+    void pasteTheSecondEntryUnderHeldSuper(TextClient& target, const std::string& text)
+    {
+        auto& keyboard = desktop_.keyboard();
+        keyboard.press(XKB_KEY_Super_L);
+        keyboard.chord({XKB_KEY_Shift_L}, XKB_KEY_v);
+        program_->panel().waitUntilOpen();
+        keyboard.tap(XKB_KEY_Down);
+        keyboard.tap(XKB_KEY_Return);
+        target.waitForText(text);
+        keyboard.release(XKB_KEY_Super_L);
+        waitUntilNoKeyIsDown();
+    }
+
     static constexpr Place restingPlace{40, 60};
 
     Desktop desktop_;

@@ -23,20 +23,11 @@ TEST_F(KwinLauncherTest, SuperHeldFromTheHotKeyToThePasteOpensNoLauncher)
 {
     copyTexts({"A", "B"});
     TextClient target(desktop_, TextClientKind::gtk);
-    auto& keyboard = desktop_.keyboard();
-    keyboard.press(XKB_KEY_Super_L);
-    keyboard.chord({XKB_KEY_Shift_L}, XKB_KEY_v);
-    program_->panel().waitUntilOpen();
-    keyboard.tap(XKB_KEY_Down);
-    keyboard.tap(XKB_KEY_Return);
-    target.waitForText("A");
-    keyboard.release(XKB_KEY_Super_L);
-    desktop_.connection().waitUntil("every key to be up again",
-                                    [&] { return !desktop_.keyboard().isAnyKeyDown(); });
+    pasteTheSecondEntryUnderHeldSuper(target, "A");
     expectPastedOnce(target, "A");
     EXPECT_EQ(currentDesktop(), std::vector<std::uint32_t>{0});
 
-    keyboard.tap(XKB_KEY_Super_L);
+    desktop_.keyboard().tap(XKB_KEY_Super_L);
     desktop_.connection().waitUntil("kwin to see that Super was pressed alone",
                                     [this] { return currentDesktop() == std::vector<std::uint32_t>{1}; });
 }
