@@ -20,8 +20,12 @@ public:
     Colour at(int x, int y) const;
     /// Paints the empty desktop in one colour.
     void paintBackground(Colour colour) const;
+    /// Covers the empty desktop with a picture, again and again where it is smaller than the screen.
+    void paintBackground(const Picture& picture) const;
 
 private:
+    void write(const Picture& picture, xcb_drawable_t drawable) const;
+
     XConnection& connection_;
 };
 
