@@ -33,7 +33,7 @@ public:
         QPainter painter(&image_);
         const RowText text = {RowTitle(QStringLiteral("Title"), artwork_.fonts(), 200),
                               QStringLiteral("Kind"), QStringLiteral("14:05")};
-        RowPainter(painter, artwork_).drawRow(rectangle, item, text, appearance);
+        RowPainter(painter, artwork_).row(rectangle, item, text, appearance);
     }
 
     /// The grey of a device pixel whose top left corner is that many pixels from the row's top left corner.
@@ -152,7 +152,7 @@ TEST(RowDrawing, ProvidesAGlyphForTexts)
     QImage image(32, 32, QImage::Format_ARGB32_Premultiplied);
     image.fill(Qt::black);
     QPainter painter(&image);
-    RowPainter(painter, artwork).drawPreviewIcon({0, 0}, textItem());
+    RowPainter(painter, artwork).previewIcon({0, 0}, textItem());
     painter.end();
     EXPECT_EQ(image.pixelColor(0, 0), QColor(Qt::black));
     EXPECT_NEAR(image.pixelColor(3, 16).red(), 255 * 0.12, rounding);
@@ -185,7 +185,7 @@ TEST(RowDrawing, WritesSectionTitlesInCapitals)
         image.fill(qRgb(backdrop, backdrop, backdrop));
         QPainter painter(&image);
         PanelArtwork artwork;
-        RowPainter(painter, artwork).drawSectionHeader(QRectF(image.rect()), title);
+        RowPainter(painter, artwork).sectionHeader(QRectF(image.rect()), title);
         return image;
     };
     for (const auto& [title, capitals] : {std::pair{"Pinned", "PINNED"}, std::pair{"Recent", "RECENT"}})

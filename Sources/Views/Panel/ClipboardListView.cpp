@@ -290,14 +290,14 @@ void ClipboardListView::paintRows(RowPainter& painter, const QRect& exposed)
     for (const ListLayout::Caption& caption : layout_.captions()) {
         const QRectF rectangle = viewRectangle(caption.extent);
         if (rectangle.intersects(exposed))
-            painter.drawSectionHeader(
-                rectangle, caption.section == ListLayout::Section::pinned ? tr("Pinned") : tr("Recent"));
+            painter.sectionHeader(rectangle, caption.section == ListLayout::Section::pinned ? tr("Pinned")
+                                                                                            : tr("Recent"));
     }
     const ListLayout::Range rows = rowsInView();
     for (std::size_t row = rows.first; row < rows.end; ++row) {
         const QRectF rectangle = viewRectangle(layout_.rows()[row]);
         if (withOverhang(rectangle).intersects(exposed))
-            painter.drawRow(rectangle, items_[row], text(row), appearance(row));
+            painter.row(rectangle, items_[row], text(row), appearance(row));
     }
 }
 

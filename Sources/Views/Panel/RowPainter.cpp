@@ -67,13 +67,13 @@ RowPainter::RowPainter(QPainter& painter, PanelArtwork& artwork)
     , pictures_(artwork.pictures(devicePixelRatio(painter)))
 {}
 
-void RowPainter::drawRow(const QRectF& rectangle, const ClipboardItem& item, const RowText& text,
-                         const RowAppearance& appearance)
+void RowPainter::row(const QRectF& rectangle, const ClipboardItem& item, const RowText& text,
+                     const RowAppearance& appearance)
 {
     drawRowFrame(rectangle, appearance);
     QPointF topLeft = rectangle.topLeft() + QPointF(row::horizontalPadding, row::verticalPadding);
     if (item.isImage()) {
-        drawPreviewIcon(topLeft, item);
+        previewIcon(topLeft, item);
         topLeft.rx() += previewAdvance;
     }
 
@@ -105,7 +105,7 @@ void RowPainter::drawMetadata(QPointF topLeft, const RowText& text, bool isPinne
     painter_.drawText(QPointF(x, baseline.y()), text.time);
 }
 
-void RowPainter::drawPreviewIcon(const QPointF& topLeft, const ClipboardItem& item)
+void RowPainter::previewIcon(const QPointF& topLeft, const ClipboardItem& item)
 {
     const QRectF frame = alignedToDevicePixels(painter_, {topLeft, QSizeF(preview::side, preview::side)});
     if (const auto* image = std::get_if<SharedImage>(&item.content))
@@ -139,7 +139,7 @@ void RowPainter::drawGlyph(const QRectF& frame)
     painter_.restore();
 }
 
-void RowPainter::drawSectionHeader(const QRectF& rectangle, const QString& title)
+void RowPainter::sectionHeader(const QRectF& rectangle, const QString& title)
 {
     const TextStyle& style = fonts_.sectionHeader;
     painter_.setFont(style.font);

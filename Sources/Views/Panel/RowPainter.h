@@ -37,12 +37,12 @@ public:
     /// Both must outlive this object.
     RowPainter(QPainter& painter, PanelArtwork& artwork);
 
-    void drawRow(const QRectF& rectangle, const ClipboardItem& item, const RowText& text,
-                 const RowAppearance& appearance);
+    void row(const QRectF& rectangle, const ClipboardItem& item, const RowText& text,
+             const RowAppearance& appearance);
     /// The thumbnail of an image, the glyph of a text.
-    void drawPreviewIcon(const QPointF& topLeft, const ClipboardItem& item);
+    void previewIcon(const QPointF& topLeft, const ClipboardItem& item);
     /// `title` is shown in upper case.
-    void drawSectionHeader(const QRectF& rectangle, const QString& title);
+    void sectionHeader(const QRectF& rectangle, const QString& title);
 
 private:
     void drawRowFrame(const QRectF& rectangle, const RowAppearance& appearance);
