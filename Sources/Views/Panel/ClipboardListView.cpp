@@ -154,8 +154,9 @@ const RowText& ClipboardListView::text(std::size_t row)
     const ClipboardItem& item = items_[row];
     if (const auto known = texts_.find(item.id); known != texts_.end())
         return known->second;
-    RowText text = {RowTitle(toQString(rowTitle(item)), fonts(), rowTitleWidth(item.isImage())),
-                    toQString(kindLabel(item)), timeText(item.date)};
+    RowText text = {
+        RowTitle(toQString(rowTitle(item)), fonts(), rowTitleWidth(item.isImage()), layoutDirection()),
+        toQString(kindLabel(item)), timeText(item.date)};
     return texts_.emplace(item.id, std::move(text)).first->second;
 }
 
@@ -276,13 +277,18 @@ void ClipboardListView::paintEvent(QPaintEvent* event)
     QPainter painter(this);
     RowPainter rowPainter(painter, *artwork_);
     paintRows(rowPainter, event->rect());
-    indicator_.paint(painter, position_, width());
+    indicator_.paint(painter, position_, indicatorView());
 
     const bool isUncertain = std::any_of(titleLines_.begin(), titleLines_.end(),
                                          [](const TitleLines& lines) { return !lines.isCertain; });
     if (isUncertain)
         heightTimer_.start(0, this);
     dropTextsOutOfView();
+}
+
+ScrollIndicator::View ClipboardListView::indicatorView() const
+{
+    return {static_cast<double>(width()), layoutDirection()};
 }
 
 void ClipboardListView::paintRows(RowPainter& painter, const QRect& exposed)
@@ -439,7 +445,7 @@ void ClipboardListView::mousePressEvent(QMouseEvent* event)
     click_ = Click::single;
     if (pressedItemID_)
         return;
-    const auto track = ScrollIndicator::track(position_, width());
+    const auto track = ScrollIndicator::track(position_, indicatorView());
     if (event->button() != Qt::LeftButton || !track || !track->contains(event->position()))
         return event->ignore();
     indicator_.press(event->position().y(), position_);

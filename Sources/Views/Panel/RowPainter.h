@@ -34,7 +34,7 @@ double rowTitleWidth(bool isImage);
 /// Draws the building blocks of the panel's list.
 class RowPainter {
 public:
-    /// Both must outlive this object.
+    /// Both must outlive this object. Draws from right to left where that is the painter's layout direction.
     RowPainter(QPainter& painter, PanelArtwork& artwork);
 
     void row(const QRectF& rectangle, const ClipboardItem& item, const RowText& text,
@@ -46,9 +46,13 @@ public:
 
 private:
     void drawRowFrame(const QRectF& rectangle, const RowAppearance& appearance);
-    void drawMetadata(QPointF topLeft, const RowText& text, bool isPinned);
+    /// The line at the top of `rectangle`.
+    void drawMetadata(const QRectF& rectangle, const RowText& text, bool isPinned);
     void drawThumbnail(const QRectF& frame, const Thumbnail& thumbnail);
     void drawGlyph(const QRectF& frame);
+    /// Draws a text in the painter's font at the start of `rectangle`, and returns its width.
+    double drawText(const QRectF& rectangle, int ascent, const QString& text);
+    QRectF visual(const QRectF& bounds, const QRectF& rectangle) const;
 
     QPainter& painter_;
     const PanelFonts& fonts_;

@@ -1,5 +1,6 @@
 #include "Panel/RowTitle.h"
 
+#include <QtCore/QTextBoundaryFinder>
 #include <QtGui/QFontMetricsF>
 #include <QtGui/QPainter>
 #include <QtGui/QTextLayout>
@@ -16,19 +17,32 @@ constexpr qsizetype longestLaidOut = 600;
 
 constexpr QChar ellipsis(0x2026);
 
+/// Where a text may be cut, at `limit` or before it: never within a character as its reader sees it, unless
+/// that one is longer than the limit.
+qsizetype cutBefore(const QString& text, qsizetype limit)
+{
+    QTextBoundaryFinder finder(QTextBoundaryFinder::Grapheme, text);
+    finder.setPosition(limit);
+    const qsizetype boundary = finder.isAtBoundary() ? limit : finder.toPreviousBoundary();
+    if (boundary > 0)
+        return boundary;
+    return text[limit - 1].isHighSurrogate() ? limit - 1 : limit;
+}
+
 /// The part that may show, with an ellipsis where more follows.
 QString boundedTitle(const QString& title)
 {
     if (title.size() <= longestLaidOut)
         return title;
-    const bool splitsPair = title[longestLaidOut - 1].isHighSurrogate();
-    return title.first(longestLaidOut - (splitsPair ? 1 : 0)) + ellipsis;
+    return title.first(cutBefore(title, longestLaidOut)) + ellipsis;
 }
 
-QTextOption textOption(Qt::LayoutDirection direction)
+/// Text from either direction begins where the interface's lines begin.
+QTextOption textOption(Qt::LayoutDirection textDirection, Qt::LayoutDirection interfaceDirection)
 {
-    QTextOption option(Qt::AlignLeft | Qt::AlignAbsolute);
-    option.setTextDirection(direction);
+    const Qt::Alignment start = interfaceDirection == Qt::RightToLeft ? Qt::AlignRight : Qt::AlignLeft;
+    QTextOption option(start | Qt::AlignAbsolute);
+    option.setTextDirection(textDirection);
     option.setWrapMode(QTextOption::WrapAtWordBoundaryOrAnywhere);
     return option;
 }
@@ -49,15 +63,15 @@ qsizetype layOut(QTextLayout& layout, int lines, double width)
     return shown;
 }
 
-std::unique_ptr<QTextLayout> makeLayout(const QString& text, const QFont& font, Qt::LayoutDirection direction)
+std::unique_ptr<QTextLayout> makeLayout(const QString& text, const QFont& font, const QTextOption& option)
 {
     auto layout = std::make_unique<QTextLayout>(text, font);
-    layout->setTextOption(textOption(direction));
+    layout->setTextOption(option);
     layout->setCacheEnabled(true);
     return layout;
 }
 
-bool isHarmless(QChar character)
+bool isVisible(QChar character)
 {
     switch (character.category()) {
     case QChar::Other_Control:
@@ -69,25 +83,41 @@ bool isHarmless(QChar character)
     }
 }
 
+/// Does it embed, override or isolate what follows it, or end that?
+bool isDirectionControl(QChar character)
+{
+    constexpr char16_t firstEmbedding = 0x202A;
+    constexpr char16_t lastOverride = 0x202E;
+    constexpr char16_t firstIsolate = 0x2066;
+    constexpr char16_t lastIsolate = 0x2069;
+    return (character >= firstEmbedding && character <= lastOverride) ||
+           (character >= firstIsolate && character <= lastIsolate);
+}
+
 } // namespace
 
-RowTitle::RowTitle(const QString& title, const PanelFonts& fonts, double widthInPoints)
-    : scale_(fonts.rowTitle.scale)
+RowTitle::RowTitle(const QString& title, const PanelFonts& fonts, double width,
+                   Qt::LayoutDirection interfaceDirection)
+    : width_(width)
+    , scale_(fonts.rowTitle.scale)
 {
-    const QString text = boundedTitle(drawableTitle(title));
+    const QString text = drawableTitle(boundedTitle(title));
     const QFont& font = fonts.rowTitle.font;
-    const double width = widthInPoints / scale_;
-    const Qt::LayoutDirection direction = text.isRightToLeft() ? Qt::RightToLeft : Qt::LeftToRight;
-    text_ = makeLayout(text, font, direction);
-    const qsizetype shown = layOut(*text_, panelStyle::row::titleLines, width);
+    const double layoutWidth = width / scale_;
+    QTextOption option =
+        textOption(text.isRightToLeft() ? Qt::RightToLeft : Qt::LeftToRight, interfaceDirection);
+    text_ = makeLayout(text, font, option);
+    const qsizetype shown = layOut(*text_, panelStyle::row::titleLines, layoutWidth);
     if (shown >= text.size())
         return;
 
     // The last line takes as much of the rest as fits, not only whole words.
     const qsizetype lastLineStart = text_->lineAt(text_->lineCount() - 1).textStart();
     const QString rest = text.sliced(lastLineStart);
-    elidedLine_ = makeLayout(QFontMetricsF(font).elidedText(rest, Qt::ElideRight, width), font, direction);
-    layOut(*elidedLine_, 1, width + 1); // A rounding error must not wrap it.
+    const QString elided = QFontMetricsF(font).elidedText(rest, Qt::ElideRight, layoutWidth);
+    option.setWrapMode(QTextOption::NoWrap); // A rounding error must not wrap it.
+    elidedLine_ = makeLayout(elided, font, option);
+    layOut(*elidedLine_, 1, layoutWidth);
 }
 
 RowTitle::~RowTitle() = default;
@@ -127,17 +157,19 @@ void RowTitle::draw(QPainter& painter, const QPointF& baseline, double lineHeigh
     painter.restore();
 }
 
-QString drawableTitle(QString title)
+QString drawableTitle(const QString& title)
 {
+    QString drawable;
+    drawable.reserve(title.size());
     for (qsizetype position = 0; position < title.size(); ++position) {
-        if (isHarmless(title[position]))
-            continue;
-        const bool endsLine = title[position] == QChar::CarriageReturn && position + 1 < title.size() &&
+        const QChar character = title[position];
+        const bool endsLine = character == QChar::CarriageReturn && position + 1 < title.size() &&
                               title[position + 1] == QChar::Space;
         // A carriage return before what was a line feed is nothing to see.
-        title[position] = endsLine ? QChar(0x200B) : QChar(QChar::Space);
+        if (!endsLine && !isDirectionControl(character))
+            drawable += isVisible(character) ? character : QChar(QChar::Space);
     }
-    return title;
+    return drawable;
 }
 
 std::optional<int> quickLineCount(std::string_view title, const PanelFonts& fonts, double width)
