@@ -275,6 +275,7 @@ void ClipboardListView::paintEvent(QPaintEvent* event)
         update(); // What lies outside the exposed part may have moved.
 
     QPainter painter(this);
+    painter.setLayoutDirection(layoutDirection());
     RowPainter rowPainter(painter, *artwork_);
     paintRows(rowPainter, event->rect());
     indicator_.paint(painter, position_, indicatorView());

@@ -22,7 +22,12 @@ PanelHeader::PanelHeader(const PanelFonts& fonts, Actions actions, QWidget* pare
     , itemCount_(makePanelLabel({}, fonts.itemCount, header::itemCountOpacity, this))
     , close_(new HeaderAction(tr("Close"), fonts, std::move(actions.onClose), this))
     , clearAll_(new HeaderAction(tr("Clear all"), fonts, std::move(actions.onClearAll), this))
-{}
+{
+    // By the interface's direction, not by that of the text.
+    const Qt::Alignment start = QStyle::visualAlignment(layoutDirection(), Qt::AlignLeft) | Qt::AlignVCenter;
+    title_->setAlignment(start);
+    itemCount_->setAlignment(start);
+}
 
 void PanelHeader::setItemCount(std::size_t count)
 {
