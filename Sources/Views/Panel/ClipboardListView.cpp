@@ -13,6 +13,7 @@
 #include "Panel/PanelStyle.h"
 #include "Panel/RowText.h"
 #include "Panel/TimeText.h"
+#include "Support/CoreText.h"
 
 namespace tessel {
 
@@ -154,9 +155,9 @@ const RowText& ClipboardListView::text(std::size_t row)
     const ClipboardItem& item = items_[row];
     if (const auto known = texts_.find(item.id); known != texts_.end())
         return known->second;
-    RowText text = {
-        RowTitle(toQString(rowTitle(item)), fonts(), rowTitleWidth(item.isImage()), layoutDirection()),
-        toQString(kindLabel(item)), timeText(item.date)};
+    const QString title = item.isImage() ? coreText(rowTitle(item)) : toQString(rowTitle(item));
+    RowText text = {RowTitle(title, fonts(), rowTitleWidth(item.isImage()), layoutDirection()),
+                    coreText(kindLabel(item)), timeText(item.date)};
     return texts_.emplace(item.id, std::move(text)).first->second;
 }
 
