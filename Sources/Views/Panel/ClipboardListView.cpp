@@ -2,6 +2,7 @@
 
 #include <QtGui/QContextMenuEvent>
 #include <QtGui/QPainter>
+#include <QtGui/QScreen>
 #include <QtGui/QWheelEvent>
 #include <QtWidgets/QApplication>
 
@@ -21,7 +22,6 @@ using namespace panelStyle;
 
 namespace {
 
-constexpr int frameInterval = 8; // Milliseconds between two steps of a scrolling movement.
 /// So many laid-out texts are kept beside those in view: enough to scroll a little without laying out again.
 constexpr std::size_t mostTextsOutOfView = 24;
 
@@ -37,6 +37,14 @@ QString toQString(std::string_view text)
 QRect withOverhang(const QRectF& rectangle)
 {
     return rectangle.toAlignedRect().adjusted(-rowOverhang, -rowOverhang, rowOverhang, rowOverhang);
+}
+
+/// Milliseconds between two steps of a scrolling movement: the screen shows no more of them.
+int frameInterval(const QScreen& screen)
+{
+    constexpr double millisecondsPerSecond = 1000;
+    constexpr int shortest = 4;
+    return std::max(shortest, static_cast<int>(millisecondsPerSecond / screen.refreshRate()));
 }
 
 constexpr int unitsPerWheelNotch = 120;
@@ -365,7 +373,7 @@ void ClipboardListView::wheelEvent(QWheelEvent* event)
     if (scrollTimer_.isActive())
         return;
     sinceScrolled_.start();
-    scrollTimer_.start(frameInterval, Qt::PreciseTimer, this);
+    scrollTimer_.start(frameInterval(*screen()), Qt::PreciseTimer, this);
     advanceScrolling();
 }
 
@@ -377,7 +385,7 @@ void ClipboardListView::advanceScrolling()
     constexpr double longestStep = 0.1;
     const double seconds =
         std::clamp(static_cast<double>(sinceScrolled_.nsecsElapsed()) / nanosecondsPerSecond,
-                   frameInterval / 1000.0, longestStep);
+                   frameInterval(*screen()) / 1000.0, longestStep);
     sinceScrolled_.start();
     scrollTo(animation_.advanced(position_.offset(), seconds));
     if (!animation_.target())
