@@ -23,7 +23,8 @@ int whiteOver(double opacity)
 
 class DrawnRow {
 public:
-    DrawnRow(const ClipboardItem& item, const RowAppearance& appearance, double scale)
+    DrawnRow(const ClipboardItem& item, const RowAppearance& appearance, double scale,
+             const QString& title = QStringLiteral("Title"))
         : scale_(scale)
         , image_(static_cast<int>(500 * scale), static_cast<int>(100 * scale),
                  QImage::Format_ARGB32_Premultiplied)
@@ -31,8 +32,8 @@ public:
         image_.setDevicePixelRatio(scale);
         image_.fill(qRgb(backdrop, backdrop, backdrop));
         QPainter painter(&image_);
-        const RowText text = {RowTitle(QStringLiteral("Title"), artwork_.fonts(), 200),
-                              QStringLiteral("Kind"), QStringLiteral("14:05")};
+        const RowText text = {RowTitle(title, artwork_.fonts(), 200), QStringLiteral("Kind"),
+                              QStringLiteral("14:05")};
         RowPainter(painter, artwork_).row(rectangle, item, text, appearance);
     }
 
@@ -46,6 +47,14 @@ public:
     {
         return image_.pixelColor(static_cast<int>((rectangle.x() + x) * scale_),
                                  static_cast<int>((rectangle.y() + y) * scale_));
+    }
+
+    /// The part of the picture that is not the row.
+    QImage surroundings() const
+    {
+        QImage image = image_;
+        QPainter(&image).fillRect(rectangle, Qt::black);
+        return image;
     }
 
     static constexpr QRectF rectangle{20, 20, 444, 52};
@@ -116,6 +125,15 @@ TEST(RowDrawing, ThrowsItsShadowDownwardsAndNotUnderItself)
     EXPECT_LT(below, above);
     EXPECT_NEAR(row.greyAt(250, 62), backdrop, 1);
     EXPECT_NEAR(row.greyAt(250, 40), whiteOver(0.10), rounding);
+}
+
+TEST(RowDrawing, KeepsItsTextsToItself)
+{
+    const QString stacked = QChar(u'a') + QString(40, QChar(0x0301));
+    for (const double scale : {1.0, 1.25, 2.0}) {
+        const DrawnRow plain(textItem(), {}, scale);
+        EXPECT_EQ(DrawnRow(textItem(), {}, scale, stacked).surroundings(), plain.surroundings()) << scale;
+    }
 }
 
 TEST(RowDrawing, ShowsAnImagesThumbnailInItsFrame)

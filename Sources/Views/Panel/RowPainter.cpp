@@ -77,6 +77,16 @@ void RowPainter::row(const QRectF& rectangle, const ClipboardItem& item, const R
                      const RowAppearance& appearance)
 {
     drawRowFrame(rectangle, appearance);
+    painter_.save();
+    // Stacked marks and overlong letters would reach into other rows.
+    painter_.setClipRect(alignedToDevicePixels(painter_, rectangle), Qt::IntersectClip);
+    drawContent(rectangle, item, text, appearance);
+    painter_.restore();
+}
+
+void RowPainter::drawContent(const QRectF& rectangle, const ClipboardItem& item, const RowText& text,
+                             const RowAppearance& appearance)
+{
     QRectF content = rectangle.adjusted(row::horizontalPadding, row::verticalPadding, -row::horizontalPadding,
                                         -row::verticalPadding);
     if (item.isImage()) {

@@ -45,6 +45,8 @@ public:
     void sectionHeader(const QRectF& rectangle, const QString& title);
 
 private:
+    void drawContent(const QRectF& rectangle, const ClipboardItem& item, const RowText& text,
+                     const RowAppearance& appearance);
     void drawRowFrame(const QRectF& rectangle, const RowAppearance& appearance);
     /// The line at the top of `rectangle`.
     void drawMetadata(const QRectF& rectangle, const RowText& text, bool isPinned);
