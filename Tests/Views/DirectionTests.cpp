@@ -7,6 +7,7 @@
 #include <QtWidgets/QAbstractButton>
 #include <QtWidgets/QApplication>
 
+#include "Panel/RowContextMenu.h"
 #include "Support/InkExtent.h"
 #include "Support/PanelDesktop.h"
 
@@ -135,6 +136,21 @@ TEST_P(DirectedPanel, ScrollsOnTheSideWhereLinesEnd)
     const QPoint end(column(panelWidth - 1 - 3), desktop.list().height() - 30);
     QTest::mouseClick(&desktop.list(), Qt::LeftButton, {}, end);
     EXPECT_GT(desktop.list().scrollPosition().offset(), 0);
+}
+
+TEST_P(DirectedPanel, BeginsTheItemsOfItsMenuOnThatSide)
+{
+    desktop.view().showContextMenu(idOfImage(), QPoint(100, 100));
+    runMainLoop();
+    RowContextMenu& menu = *desktop.view().contextMenu();
+    const QImage picture = menu.grab().toImage();
+    constexpr int margin = 5;
+    constexpr int itemPadding = 10;
+    for (QAction* action : menu.actions()) {
+        const Extent ink = inkExtent(picture, menu.actionGeometry(action));
+        const int begin = GetParam() == Qt::RightToLeft ? menu.width() - 1 - ink.right : ink.left;
+        EXPECT_NEAR(begin, margin + itemPadding, letterBearing) << action->text().toStdString();
+    }
 }
 
 TEST_P(DirectedPanel, KeepsItsKeys)
