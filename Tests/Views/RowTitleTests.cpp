@@ -153,6 +153,15 @@ TEST_F(RowTitles, AreCutBetweenCharactersInAGraphemeWithoutEnd)
     EXPECT_TRUE(shown.back().isLowSurrogate());
 }
 
+TEST_F(RowTitles, MeasureFewMorePicturesThanCanShow)
+{
+    constexpr double widerThanAnyText = 10000;
+    const QString picture = QString::fromUtf8("🎉");
+    const RowTitle title(repeated(picture), fonts, widerThanAnyText);
+    EXPECT_EQ(title.line(0), picture.repeated(70) + ellipsis);
+    EXPECT_EQ(RowTitle(picture.repeated(70), fonts, widerThanAnyText).line(0), picture.repeated(70));
+}
+
 TEST_F(RowTitles, KeepTheirLineDistanceWithEmoji)
 {
     const RowTitle title = titleOf(repeated(QString::fromUtf8("🎉")));

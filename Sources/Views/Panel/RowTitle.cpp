@@ -4,6 +4,7 @@
 #include <QtGui/QFontMetricsF>
 #include <QtGui/QPainter>
 #include <QtGui/QTextLayout>
+#include <QtWidgets/QStyle>
 
 #include "Panel/PanelFonts.h"
 #include "Panel/PanelStyle.h"
@@ -17,31 +18,48 @@ constexpr qsizetype longestLaidOut = 600;
 
 constexpr QChar ellipsis(0x2026);
 
-/// Where a text may be cut, at `limit` or before it: never within a character as its reader sees it, unless
-/// that one is longer than the limit.
-qsizetype cutBefore(const QString& text, qsizetype limit)
+/// More pictures than two lines can show. A font of colour pictures decodes each one whenever it is measured.
+constexpr int mostPictures = 70;
+
+/// Does the text begin with an emoji or another pictograph, flags among them?
+bool beginsWithPicture(QStringView text)
 {
-    QTextBoundaryFinder finder(QTextBoundaryFinder::Grapheme, text);
-    finder.setPosition(limit);
-    const qsizetype boundary = finder.isAtBoundary() ? limit : finder.toPreviousBoundary();
-    if (boundary > 0)
-        return boundary;
-    return text[limit - 1].isHighSurrogate() ? limit - 1 : limit;
+    constexpr char16_t firstOfPictures = 0xD83C; // High surrogates: from U+1F000
+    constexpr char16_t lastOfPictures = 0xD83E;  // to U+1FBFF.
+    return text.front() >= firstOfPictures && text.front() <= lastOfPictures;
 }
 
-/// The part that may show, with an ellipsis where more follows.
+/// The length of the part that may show. It ends between two characters as their reader sees them; only one
+/// that is longer than all of it is cut.
+qsizetype boundedLength(const QString& title)
+{
+    constexpr qsizetype nextCharacter = 2; // It decides whether the one before it is complete.
+    const QStringView beginning =
+        QStringView(title).first(std::min(title.size(), longestLaidOut + nextCharacter));
+    QTextBoundaryFinder finder(QTextBoundaryFinder::Grapheme, beginning.data(), beginning.size());
+    qsizetype length = 0;
+    int pictures = 0;
+    for (qsizetype end = finder.toNextBoundary(); end > 0 && end <= longestLaidOut && pictures < mostPictures;
+         end = finder.toNextBoundary()) {
+        pictures += beginsWithPicture(beginning.sliced(length)) ? 1 : 0;
+        length = end;
+    }
+    if (length > 0 || beginning.size() <= longestLaidOut)
+        return length;
+    return beginning[longestLaidOut - 1].isHighSurrogate() ? longestLaidOut - 1 : longestLaidOut;
+}
+
+/// That part, with an ellipsis where more follows.
 QString boundedTitle(const QString& title)
 {
-    if (title.size() <= longestLaidOut)
-        return title;
-    return title.first(cutBefore(title, longestLaidOut)) + ellipsis;
+    const qsizetype length = boundedLength(title);
+    return length == title.size() ? title : title.first(length) + ellipsis;
 }
 
 /// Text from either direction begins where the interface's lines begin.
 QTextOption textOption(Qt::LayoutDirection textDirection, Qt::LayoutDirection interfaceDirection)
 {
-    const Qt::Alignment start = interfaceDirection == Qt::RightToLeft ? Qt::AlignRight : Qt::AlignLeft;
-    QTextOption option(start | Qt::AlignAbsolute);
+    QTextOption option(QStyle::visualAlignment(interfaceDirection, Qt::AlignLeft) | Qt::AlignAbsolute);
     option.setTextDirection(textDirection);
     option.setWrapMode(QTextOption::WrapAtWordBoundaryOrAnywhere);
     return option;
