@@ -32,10 +32,9 @@ QString repeated(const QString& text)
     return text.repeated(200);
 }
 
-void expectElidedAtAGrapheme(const QString& text, const RowTitle& title)
+/// `shown` is the beginning of `text` up to the end of a character as its reader sees it, and an ellipsis.
+void expectBeginning(const QString& text, QString shown)
 {
-    ASSERT_EQ(title.lineCount(), 2);
-    QString shown = title.line(0) + title.line(1);
     ASSERT_TRUE(shown.endsWith(ellipsis)) << shown.toStdString();
     shown.chop(1);
     if (shown.endsWith(QChar(0x200D)) && !text.startsWith(shown))
@@ -44,6 +43,12 @@ void expectElidedAtAGrapheme(const QString& text, const RowTitle& title)
     QTextBoundaryFinder finder(QTextBoundaryFinder::Grapheme, text);
     finder.setPosition(shown.size());
     EXPECT_TRUE(finder.isAtBoundary()) << shown.toStdString();
+}
+
+void expectElidedAtAGrapheme(const QString& text, const RowTitle& title)
+{
+    ASSERT_EQ(title.lineCount(), 2);
+    expectBeginning(text, title.line(0) + title.line(1));
 }
 
 /// A title in white on black, as large as it is on a screen.
@@ -77,6 +82,20 @@ struct DrawnTitle {
     QImage image;
     int lineHeight;
 };
+
+/// Characters that join, reorder, break or hide what is beside them.
+QString randomMixture(std::mt19937& random)
+{
+    using namespace std::string_literals;
+    const std::u32string alphabet =
+        U"ab .,-(\u00AD\t\r\n\u0000\u0301\u0323\u200B\u200C\u200D\u200E\u200F\u202B\u202E\u2067\u2069\uFE0F"
+        U"\uFEFF\u2028\uFFFC\uFFFD\u05D0\u05D1\u0627\u0628\u0644\u0640\u0915\u094D\u0937\u093F\u0E01\u0E33"
+        U"\u1100\u1161\u11A8\uAC00\u6F22\U0001F468\U0001F3FD\U0001F1E9\U0001F1EA\U000E0067"s;
+    std::u32string text(random() % 700, U' ');
+    for (char32_t& character : text)
+        character = alphabet[random() % alphabet.size()];
+    return QString::fromUcs4(text.data(), static_cast<qsizetype>(text.size()));
+}
 
 std::string randomText(std::mt19937& random)
 {
@@ -240,6 +259,23 @@ TEST_F(RowTitles, MakeControlCharactersHarmless)
 TEST_F(RowTitles, StayOnOneLineWithSeparatorsInThem)
 {
     EXPECT_EQ(titleOf(QStringLiteral("a\rb\u2028c\u2029d\u000Be\u0085f")).lineCount(), 1);
+}
+
+TEST_F(RowTitles, ShowTheBeginningOfAnyText)
+{
+    std::mt19937 random(20261121);
+    for (int round = 0; round < 300; ++round) {
+        const QString text = randomMixture(random);
+        const QString drawable = drawableTitle(text);
+        const RowTitle title = titleOf(text);
+        ASSERT_LE(title.lineCount(), 2);
+        if (drawable.isEmpty())
+            continue;
+        const QString shown = title.line(0) + (title.lineCount() == 2 ? title.line(1) : QString());
+        if (shown == drawable)
+            continue;
+        expectBeginning(drawable, shown);
+    }
 }
 
 TEST_F(RowTitles, AreCountedQuicklyAndRightly)

@@ -65,6 +65,16 @@ QTextOption textOption(Qt::LayoutDirection textDirection, Qt::LayoutDirection in
     return option;
 }
 
+/// As much of a text as fits with an ellipsis after it; all of it where that fits.
+QString elidedText(const QString& text, const QFont& font, double width)
+{
+    QString elided = QFontMetricsF(font).elidedText(text, Qt::ElideRight, width);
+    // The toolkit repeats the marks of direction that it left out behind the ellipsis, which they would move.
+    if (elided != text)
+        elided.truncate(elided.lastIndexOf(ellipsis) + 1);
+    return elided;
+}
+
 /// Lays out up to `lines` lines. Returns the number of characters that they show.
 qsizetype layOut(QTextLayout& layout, int lines, double width)
 {
@@ -132,7 +142,7 @@ RowTitle::RowTitle(const QString& title, const PanelFonts& fonts, double width,
     // The last line takes as much of the rest as fits, not only whole words.
     const qsizetype lastLineStart = text_->lineAt(text_->lineCount() - 1).textStart();
     const QString rest = text.sliced(lastLineStart);
-    const QString elided = QFontMetricsF(font).elidedText(rest, Qt::ElideRight, layoutWidth);
+    const QString elided = elidedText(rest, font, layoutWidth);
     option.setWrapMode(QTextOption::NoWrap); // A rounding error must not wrap it.
     elidedLine_ = makeLayout(elided, font, option);
     layOut(*elidedLine_, 1, layoutWidth);
