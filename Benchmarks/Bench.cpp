@@ -21,6 +21,7 @@
 #include "ProcessFigures.h"
 #include "Program.h"
 #include "Report.h"
+#include "ScrollWatch.h"
 #include "SelectionWatch.h"
 
 namespace tessel::bench {
@@ -80,6 +81,7 @@ public:
                 [this] { measureIdle(); });
         section({"100 texts"}, [this] { copyHundredTexts(); });
         section({"hot key to panel, 100 entries"}, [this] { measureFullOpenings(); });
+        section({"scrolling"}, [this] { measureScrolling(); });
         section({"1 kB of text"}, [this] { measureTextCopies(); });
         section({"a 1920 x 1080 PNG"}, [this] { measurePictureCopies(); });
         section({"20 pictures"}, [this] { measurePictureMemory(); });
@@ -218,6 +220,28 @@ private:
                      bareOpening_.median + 5, ""});
         report_.add(
             {name + ", 99th percentile", "ms", opened.percentile99, bareOpening_.percentile99, 16.7, ""});
+    }
+
+    void measureScrolling()
+    {
+        constexpr double frame = 16.7; // At 60 frames a second.
+        const auto scrolling = bench::measureScrolling(desktop_, *program_);
+        const auto intervals = figures(scrolling.frameIntervals);
+        const auto count = std::to_string(scrolling.frameIntervals.size()) + " frames";
+        report_.add(
+            {"wheel over 100 entries: frame to frame, median", "ms", intervals.median, {}, frame, count});
+        report_.add({"wheel over 100 entries: frame to frame, 99th percentile, one late frame",
+                     "ms",
+                     intervals.percentile99,
+                     {},
+                     2 * frame,
+                     ""});
+        report_.add({"wheel over 100 entries: processor time of a frame",
+                     "ms",
+                     milliseconds(scrolling.processorTimePerFrame),
+                     {},
+                     frame,
+                     ""});
     }
 
     void copyHundredTexts()

@@ -1,8 +1,8 @@
 #include "OpeningWatch.h"
 
-#include <xcb/xfixes.h>
-
 #include <algorithm>
+
+#include "Damage.h"
 
 namespace tessel::bench {
 
@@ -38,17 +38,8 @@ OpeningWatch::OpeningWatch(Desktop& desktop, Painted painted)
     , painted_(painted)
     , connection_(desktop.displayName())
     , pixels_(connection_)
-    , damageEvent_(0)
 {
-    auto* connection = connection_.get();
-    const auto* extension = xcb_get_extension_data(connection, &xcb_damage_id);
-    if (extension == nullptr || extension->present == 0)
-        throw DesktopFailure("the X server has no DAMAGE extension");
-    own(xcb_damage_query_version_reply(connection, xcb_damage_query_version(connection, 1, 1), nullptr));
-    damageEvent_ = static_cast<std::uint8_t>(extension->first_event + XCB_DAMAGE_NOTIFY);
-    xcb_damage_create(connection, xcb_generate_id(connection), connection_.root(),
-                      XCB_DAMAGE_REPORT_LEVEL_RAW_RECTANGLES);
-    connection_.synchronize();
+    announceDamage(connection_);
 }
 
 std::chrono::microseconds OpeningWatch::measureOpening()

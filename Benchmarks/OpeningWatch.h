@@ -1,7 +1,5 @@
 #pragma once
 
-#include <xcb/damage.h>
-
 #include <chrono>
 #include <vector>
 
@@ -38,7 +36,6 @@ private:
     Painted painted_;
     desktop::XConnection connection_;
     desktop::Pixels pixels_;
-    std::uint8_t damageEvent_;
 };
 
 /// Figures of many openings, in milliseconds.

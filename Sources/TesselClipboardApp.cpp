@@ -1,5 +1,6 @@
 // The composition root: the only place that knows which backend and which views are used.
 
+#include <QtCore/QLocale>
 #include <QtWidgets/QApplication>
 
 #include <cstdio>
@@ -13,6 +14,7 @@
 #include "CommandLine.h"
 #include "History/ImageFingerprint.h"
 #include "Panel/PanelFactory.h"
+#include "Support/Translations.h"
 #include "Windows/TrustPrompt.h"
 
 namespace tessel {
@@ -96,6 +98,8 @@ int run(int& argumentCount, char** arguments, const CommandLine& line)
     QApplication::setApplicationName(QStringLiteral("tessel-clipboard"));
     QApplication::setApplicationDisplayName(QStringLiteral("Tessel Clipboard"));
     QApplication::setApplicationVersion(QStringLiteral(TESSEL_VERSION));
+
+    const Translations translations(QLocale::system().uiLanguages());
 
     std::optional<TesselClipboardApp> app;
     const Claim claim = remote->claim([&app](const RemoteRequest& received) {

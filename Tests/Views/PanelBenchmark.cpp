@@ -8,6 +8,7 @@
 #include <string>
 #include <vector>
 
+#include <QtGui/QWheelEvent>
 #include <QtTest/QTest>
 #include <QtWidgets/QApplication>
 
@@ -82,6 +83,16 @@ void measureOpening(const char* what, const std::vector<std::string>& texts, int
         });
 }
 
+/// A touchpad moves the content by that many points.
+void scroll(QWidget& list, double points)
+{
+    const QPointF place = list.rect().center();
+    const QPoint delta(0, static_cast<int>(-points));
+    QWheelEvent event(place, list.mapToGlobal(place), delta, delta, Qt::NoButton, Qt::NoModifier,
+                      Qt::ScrollUpdate, false);
+    QApplication::sendEvent(&list, &event);
+}
+
 void measureOpenPanel()
 {
     PanelDesktop desktop;
@@ -96,6 +107,14 @@ void measureOpenPanel()
             desktop.view().moveSelection(1);
             runMainLoop();
         });
+    for (const double direction : {-1.0, 1.0}) {
+        measure(
+            "a frame of scrolling, 100 rows", 200, [] {},
+            [&] {
+                scroll(desktop.list(), direction * 25);
+                runMainLoop();
+            });
+    }
     measure(
         "one entry captured while open", 20,
         [&] { desktop.pasteboard->copyFromElsewhere("fresh " + std::to_string(copies++)); },

@@ -23,7 +23,8 @@ int whiteOver(double opacity)
 
 class DrawnRow {
 public:
-    DrawnRow(const ClipboardItem& item, const RowAppearance& appearance, double scale)
+    DrawnRow(const ClipboardItem& item, const RowAppearance& appearance, double scale,
+             const QString& title = QStringLiteral("Title"))
         : scale_(scale)
         , image_(static_cast<int>(500 * scale), static_cast<int>(100 * scale),
                  QImage::Format_ARGB32_Premultiplied)
@@ -31,9 +32,9 @@ public:
         image_.setDevicePixelRatio(scale);
         image_.fill(qRgb(backdrop, backdrop, backdrop));
         QPainter painter(&image_);
-        const RowText text = {RowTitle(QStringLiteral("Title"), artwork_.fonts(), 200),
-                              QStringLiteral("Kind"), QStringLiteral("14:05")};
-        RowPainter(painter, artwork_).drawRow(rectangle, item, text, appearance);
+        const RowText text = {RowTitle(title, artwork_.fonts(), 200), QStringLiteral("Kind"),
+                              QStringLiteral("14:05")};
+        RowPainter(painter, artwork_).row(rectangle, item, text, appearance);
     }
 
     /// The grey of a device pixel whose top left corner is that many pixels from the row's top left corner.
@@ -46,6 +47,14 @@ public:
     {
         return image_.pixelColor(static_cast<int>((rectangle.x() + x) * scale_),
                                  static_cast<int>((rectangle.y() + y) * scale_));
+    }
+
+    /// The part of the picture that is not the row.
+    QImage surroundings() const
+    {
+        QImage image = image_;
+        QPainter(&image).fillRect(rectangle, Qt::black);
+        return image;
     }
 
     static constexpr QRectF rectangle{20, 20, 444, 52};
@@ -118,6 +127,15 @@ TEST(RowDrawing, ThrowsItsShadowDownwardsAndNotUnderItself)
     EXPECT_NEAR(row.greyAt(250, 40), whiteOver(0.10), rounding);
 }
 
+TEST(RowDrawing, KeepsItsTextsToItself)
+{
+    const QString stacked = QChar(u'a') + QString(40, QChar(0x0301));
+    for (const double scale : {1.0, 1.25, 2.0}) {
+        const DrawnRow plain(textItem(), {}, scale);
+        EXPECT_EQ(DrawnRow(textItem(), {}, scale, stacked).surroundings(), plain.surroundings()) << scale;
+    }
+}
+
 TEST(RowDrawing, ShowsAnImagesThumbnailInItsFrame)
 {
     Thumbnail thumbnail;
@@ -152,7 +170,7 @@ TEST(RowDrawing, ProvidesAGlyphForTexts)
     QImage image(32, 32, QImage::Format_ARGB32_Premultiplied);
     image.fill(Qt::black);
     QPainter painter(&image);
-    RowPainter(painter, artwork).drawPreviewIcon({0, 0}, textItem());
+    RowPainter(painter, artwork).previewIcon({0, 0}, textItem());
     painter.end();
     EXPECT_EQ(image.pixelColor(0, 0), QColor(Qt::black));
     EXPECT_NEAR(image.pixelColor(3, 16).red(), 255 * 0.12, rounding);
@@ -185,7 +203,7 @@ TEST(RowDrawing, WritesSectionTitlesInCapitals)
         image.fill(qRgb(backdrop, backdrop, backdrop));
         QPainter painter(&image);
         PanelArtwork artwork;
-        RowPainter(painter, artwork).drawSectionHeader(QRectF(image.rect()), title);
+        RowPainter(painter, artwork).sectionHeader(QRectF(image.rect()), title);
         return image;
     };
     for (const auto& [title, capitals] : {std::pair{"Pinned", "PINNED"}, std::pair{"Recent", "RECENT"}})

@@ -3,17 +3,20 @@
 //
 //     tessel_panel_pictures <directory>
 //
-// The environment decides the rest: QT_SCALE_FACTOR the scale, TESSEL_FONT the system font.
+// The environment decides the rest: QT_SCALE_FACTOR the scale, TESSEL_FONT the system font, LANGUAGE the
+// language. With -reverse the interface runs from right to left.
 
 #include <cmath>
 #include <cstdio>
 #include <cstdlib>
 
 #include <QtCore/QDir>
+#include <QtCore/QLocale>
 #include <QtGui/QPainter>
 #include <QtWidgets/QApplication>
 
 #include "Support/PanelDesktop.h"
+#include "Support/Translations.h"
 
 namespace tessel::test {
 
@@ -159,6 +162,7 @@ int main(int argumentCount, char** arguments)
 {
     qputenv("QT_QPA_PLATFORM", "offscreen");
     QApplication application(argumentCount, arguments);
+    const tessel::Translations translations(QLocale::system().uiLanguages());
     if (argumentCount != 2) {
         std::fprintf(stderr, "usage: %s <directory>\n", arguments[0]);
         return EXIT_FAILURE;

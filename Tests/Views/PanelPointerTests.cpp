@@ -293,6 +293,29 @@ TEST_F(PanelPointer, TouchpadScrollsAtOnce)
     EXPECT_DOUBLE_EQ(desktop.list().scrollPosition().offset(), 20.0 * QApplication::wheelScrollLines() / 12);
 }
 
+TEST_F(PanelPointer, TouchpadThatReportsItsGesturesScrollsByTheirPixels)
+{
+    for (int number = 0; number < 30; ++number)
+        desktop.copy("entry " + std::to_string(number));
+    desktop.openPanel();
+    ClipboardListView& list = desktop.list();
+    const auto move = [&list](int pixels, Qt::ScrollPhase phase) {
+        const QPointF place = list.rect().center();
+        QWheelEvent event(place, list.mapToGlobal(place), QPoint(0, pixels), QPoint(0, 8 * pixels),
+                          Qt::NoButton, Qt::NoModifier, phase, false);
+        QApplication::sendEvent(&list, &event);
+    };
+    move(0, Qt::ScrollBegin);
+    move(-37, Qt::ScrollUpdate);
+    EXPECT_EQ(list.scrollPosition().offset(), 37);
+    move(-15, Qt::ScrollUpdate); // 120 units of an angle, and yet no notch of a wheel.
+    EXPECT_EQ(list.scrollPosition().offset(), 37 + 15);
+    move(-10, Qt::ScrollMomentum);
+    EXPECT_EQ(list.scrollPosition().offset(), 37 + 15 + 10);
+    move(0, Qt::ScrollEnd);
+    EXPECT_EQ(list.scrollPosition().offset(), 37 + 15 + 10);
+}
+
 TEST_F(PanelPointer, HoverFollowsTheRowsThatScrollUnderThePointer)
 {
     for (int number = 0; number < 30; ++number)

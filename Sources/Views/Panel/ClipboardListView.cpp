@@ -2,6 +2,7 @@
 
 #include <QtGui/QContextMenuEvent>
 #include <QtGui/QPainter>
+#include <QtGui/QScreen>
 #include <QtGui/QWheelEvent>
 #include <QtWidgets/QApplication>
 
@@ -13,6 +14,7 @@
 #include "Panel/PanelStyle.h"
 #include "Panel/RowText.h"
 #include "Panel/TimeText.h"
+#include "Support/CoreText.h"
 
 namespace tessel {
 
@@ -20,7 +22,6 @@ using namespace panelStyle;
 
 namespace {
 
-constexpr int frameInterval = 8; // Milliseconds between two steps of a scrolling movement.
 /// So many laid-out texts are kept beside those in view: enough to scroll a little without laying out again.
 constexpr std::size_t mostTextsOutOfView = 24;
 
@@ -36,6 +37,14 @@ QString toQString(std::string_view text)
 QRect withOverhang(const QRectF& rectangle)
 {
     return rectangle.toAlignedRect().adjusted(-rowOverhang, -rowOverhang, rowOverhang, rowOverhang);
+}
+
+/// Milliseconds between two steps of a scrolling movement: the screen shows no more of them.
+int frameInterval(const QScreen& screen)
+{
+    constexpr double millisecondsPerSecond = 1000;
+    constexpr int shortest = 4;
+    return std::max(shortest, static_cast<int>(millisecondsPerSecond / screen.refreshRate()));
 }
 
 constexpr int unitsPerWheelNotch = 120;
@@ -154,8 +163,9 @@ const RowText& ClipboardListView::text(std::size_t row)
     const ClipboardItem& item = items_[row];
     if (const auto known = texts_.find(item.id); known != texts_.end())
         return known->second;
-    RowText text = {RowTitle(toQString(rowTitle(item)), fonts(), rowTitleWidth(item.isImage())),
-                    toQString(kindLabel(item)), timeText(item.date)};
+    const QString title = item.isImage() ? coreText(rowTitle(item)) : toQString(rowTitle(item));
+    RowText text = {RowTitle(title, fonts(), rowTitleWidth(item.isImage()), layoutDirection()),
+                    coreText(kindLabel(item)), timeText(item.date)};
     return texts_.emplace(item.id, std::move(text)).first->second;
 }
 
@@ -274,9 +284,10 @@ void ClipboardListView::paintEvent(QPaintEvent* event)
         update(); // What lies outside the exposed part may have moved.
 
     QPainter painter(this);
+    painter.setLayoutDirection(layoutDirection());
     RowPainter rowPainter(painter, *artwork_);
     paintRows(rowPainter, event->rect());
-    indicator_.paint(painter, position_, width());
+    indicator_.paint(painter, position_, indicatorView());
 
     const bool isUncertain = std::any_of(titleLines_.begin(), titleLines_.end(),
                                          [](const TitleLines& lines) { return !lines.isCertain; });
@@ -285,19 +296,24 @@ void ClipboardListView::paintEvent(QPaintEvent* event)
     dropTextsOutOfView();
 }
 
+ScrollIndicator::View ClipboardListView::indicatorView() const
+{
+    return {static_cast<double>(width()), layoutDirection()};
+}
+
 void ClipboardListView::paintRows(RowPainter& painter, const QRect& exposed)
 {
     for (const ListLayout::Caption& caption : layout_.captions()) {
         const QRectF rectangle = viewRectangle(caption.extent);
         if (rectangle.intersects(exposed))
-            painter.drawSectionHeader(
-                rectangle, caption.section == ListLayout::Section::pinned ? tr("Pinned") : tr("Recent"));
+            painter.sectionHeader(rectangle, caption.section == ListLayout::Section::pinned ? tr("Pinned")
+                                                                                            : tr("Recent"));
     }
     const ListLayout::Range rows = rowsInView();
     for (std::size_t row = rows.first; row < rows.end; ++row) {
         const QRectF rectangle = viewRectangle(layout_.rows()[row]);
         if (withOverhang(rectangle).intersects(exposed))
-            painter.drawRow(rectangle, items_[row], text(row), appearance(row));
+            painter.row(rectangle, items_[row], text(row), appearance(row));
     }
 }
 
@@ -357,7 +373,7 @@ void ClipboardListView::wheelEvent(QWheelEvent* event)
     if (scrollTimer_.isActive())
         return;
     sinceScrolled_.start();
-    scrollTimer_.start(frameInterval, Qt::PreciseTimer, this);
+    scrollTimer_.start(frameInterval(*screen()), Qt::PreciseTimer, this);
     advanceScrolling();
 }
 
@@ -369,7 +385,7 @@ void ClipboardListView::advanceScrolling()
     constexpr double longestStep = 0.1;
     const double seconds =
         std::clamp(static_cast<double>(sinceScrolled_.nsecsElapsed()) / nanosecondsPerSecond,
-                   frameInterval / 1000.0, longestStep);
+                   frameInterval(*screen()) / 1000.0, longestStep);
     sinceScrolled_.start();
     scrollTo(animation_.advanced(position_.offset(), seconds));
     if (!animation_.target())
@@ -439,7 +455,7 @@ void ClipboardListView::mousePressEvent(QMouseEvent* event)
     click_ = Click::single;
     if (pressedItemID_)
         return;
-    const auto track = ScrollIndicator::track(position_, width());
+    const auto track = ScrollIndicator::track(position_, indicatorView());
     if (event->button() != Qt::LeftButton || !track || !track->contains(event->position()))
         return event->ignore();
     indicator_.press(event->position().y(), position_);

@@ -93,6 +93,7 @@ private:
     std::optional<UUID> itemAt(const QPointF& point) const;
     RowAppearance appearance(std::size_t row) const;
     void updateRow(std::optional<UUID> id);
+    ScrollIndicator::View indicatorView() const;
     void paintRows(RowPainter& painter, const QRect& exposed);
 
     void scrollTo(double offset);

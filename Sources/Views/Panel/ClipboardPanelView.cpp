@@ -81,7 +81,7 @@ void ClipboardPanelView::updateNow()
     material_->setWindowBlending(blending_);
     tint_->setColor(panelStyle::black(*state->panelTintOpacity));
     header_->setItemCount(ordered.size());
-    showSections(ordered);
+    updateContentList(ordered);
     keyboardEventBridge().updateView(*keyCapture_);
 
     if (auto ids = identifiers(ordered); ids != shownItemIDs_) {
@@ -92,7 +92,7 @@ void ClipboardPanelView::updateNow()
         list_->reveal(*selectedItemID_);
 }
 
-void ClipboardPanelView::showSections(const History& ordered)
+void ClipboardPanelView::updateContentList(const History& ordered)
 {
     const auto state = appState_.lock();
     History pinnedItems;

@@ -74,7 +74,7 @@ private:
     void updateNow();
     /// Makes up for an update that is due, so that keys which were typed quickly act on what is there now.
     void bringUpToDate();
-    void showSections(const History& ordered);
+    void updateContentList(const History& ordered);
     void ensureSelection(const History& ordered);
     void setSelectedItemID(std::optional<UUID> id, Reveal reveal);
     void setHoveredItemID(std::optional<UUID> id);

@@ -82,9 +82,9 @@ std::array<NinePatch, 4> rowFrames(double devicePixelRatio)
     maker.fill(shape, Qt::black);
     const QImage shadowOfRow = shadowAround(shape, shadow);
 
-    const auto frame = [&](double fillOpacity, const Outline& outline) {
+    const auto frame = [&](PanelArtwork::RowState state, const Outline& outline) {
         QImage image = maker.blank();
-        maker.fill(image, white(fillOpacity));
+        maker.fill(image, PanelArtwork::rowFill(state));
         maker.stroke(image, outline, shadow.reach());
         QPainter painter(&image);
         painter.setCompositionMode(QPainter::CompositionMode_DestinationOver);
@@ -94,8 +94,9 @@ std::array<NinePatch, 4> rowFrames(double devicePixelRatio)
     };
     const Outline plain = {row::outlineWidth, row::outlineOpacity};
     const Outline selected = {row::selectedOutlineWidth, row::selectedOutlineOpacity};
-    return {frame(row::fillOpacity, plain), frame(row::hoveredFillOpacity, plain),
-            frame(row::fillOpacity, selected), frame(row::hoveredFillOpacity, selected)};
+    using State = PanelArtwork::RowState;
+    return {frame(State::plain, plain), frame(State::hovered, plain), frame(State::selected, selected),
+            frame(State::selectedAndHovered, selected)};
 }
 
 PanelArtwork::Pictures makePictures(double devicePixelRatio)
@@ -128,6 +129,12 @@ struct PanelArtwork::Scale {
 
 PanelArtwork::PanelArtwork() = default;
 PanelArtwork::~PanelArtwork() = default;
+
+QColor PanelArtwork::rowFill(RowState state)
+{
+    const bool isHovered = state == RowState::hovered || state == RowState::selectedAndHovered;
+    return isHovered ? panelStyle::rowHoverBackground() : panelStyle::rowBackground();
+}
 
 const PanelArtwork::Pictures& PanelArtwork::pictures(double devicePixelRatio)
 {

@@ -14,6 +14,9 @@ class PanelArtwork {
 public:
     enum class RowState { plain, hovered, selected, selectedAndHovered };
 
+    /// The fill tells the hovered row, the outline the selected one.
+    static QColor rowFill(RowState state);
+
     /// The pictures for one number of device pixels to a point.
     struct Pictures {
         /// Shadow, fill and outline, by `RowState`.

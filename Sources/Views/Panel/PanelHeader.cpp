@@ -1,6 +1,7 @@
 #include "Panel/PanelHeader.h"
 
 #include <QtWidgets/QLabel>
+#include <QtWidgets/QStyle>
 
 #include <algorithm>
 #include <utility>
@@ -21,7 +22,12 @@ PanelHeader::PanelHeader(const PanelFonts& fonts, Actions actions, QWidget* pare
     , itemCount_(makePanelLabel({}, fonts.itemCount, header::itemCountOpacity, this))
     , close_(new HeaderAction(tr("Close"), fonts, std::move(actions.onClose), this))
     , clearAll_(new HeaderAction(tr("Clear all"), fonts, std::move(actions.onClearAll), this))
-{}
+{
+    // By the interface's direction, not by that of the text.
+    const Qt::Alignment start = QStyle::visualAlignment(layoutDirection(), Qt::AlignLeft) | Qt::AlignVCenter;
+    title_->setAlignment(start);
+    itemCount_->setAlignment(start);
+}
 
 void PanelHeader::setItemCount(std::size_t count)
 {
@@ -42,19 +48,21 @@ QSize PanelHeader::sizeHint() const
 void PanelHeader::resizeEvent(QResizeEvent*)
 {
     const int contentHeight = height() - header::topPadding - header::bottomPadding;
+    const auto place = [this](QWidget& widget, const QRect& fromLeftToRight) {
+        widget.setGeometry(QStyle::visualRect(layoutDirection(), rect(), fromLeftToRight));
+    };
     int right = width() - header::horizontalPadding;
     for (HeaderAction* action : {clearAll_, close_}) {
         const QSize size = action->sizeHint();
         const int top = header::topPadding + (contentHeight - size.height()) / 2;
-        action->setGeometry({QPoint(right - size.width(), top), size});
+        place(*action, {QPoint(right - size.width(), top), size});
         right -= size.width() + header::spacing;
     }
     const int textWidth = right - header::horizontalPadding;
     const int textTop = header::topPadding + (contentHeight - textHeight()) / 2;
-    title_->setGeometry(header::horizontalPadding, textTop, textWidth, fonts_.title.lineHeight);
-    itemCount_->setGeometry(header::horizontalPadding,
-                            textTop + fonts_.title.lineHeight + header::textSpacing, textWidth,
-                            fonts_.itemCount.lineHeight);
+    place(*title_, {header::horizontalPadding, textTop, textWidth, fonts_.title.lineHeight});
+    place(*itemCount_, {header::horizontalPadding, textTop + fonts_.title.lineHeight + header::textSpacing,
+                        textWidth, fonts_.itemCount.lineHeight});
 }
 
 } // namespace tessel

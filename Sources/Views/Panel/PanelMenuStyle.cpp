@@ -110,8 +110,9 @@ void PanelMenuStyle::drawItem(QPainter& painter, const QStyleOptionMenuItem& ite
     }
     painter.setPen(item.palette.color(isHighlighted ? QPalette::HighlightedText : QPalette::Text));
     painter.setFont(item.font);
+    const Qt::Alignment alignment = Qt::AlignVCenter | visualAlignment(item.direction, Qt::AlignLeft);
     painter.drawText(item.rect.adjusted(menu::itemPadding, 0, -menu::itemPadding, 0),
-                     Qt::AlignVCenter | Qt::AlignLeft | Qt::TextSingleLine, item.text);
+                     static_cast<int>(alignment) | Qt::TextSingleLine, item.text);
     painter.restore();
 }
 

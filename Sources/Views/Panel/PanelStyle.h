@@ -103,8 +103,6 @@ inline constexpr Text metadata = {caption2Size};
 inline constexpr double metadataOpacity = 0.62;
 inline constexpr int metadataSpacing = 8;
 inline constexpr double cornerRadius = 10;
-inline constexpr double fillOpacity = 0.10;
-inline constexpr double hoveredFillOpacity = 0.14;
 inline constexpr double outlineWidth = 1.0;
 inline constexpr double outlineOpacity = 0.10;
 inline constexpr double selectedOutlineWidth = 1.5;
@@ -113,6 +111,17 @@ inline constexpr double shadowOpacity = 0.18;
 inline constexpr double shadowBlurRadius = 4;
 inline constexpr double shadowOffset = 2; ///< Downwards.
 } // namespace row
+
+/// The fill of a row that is not hovered.
+inline QColor rowBackground()
+{
+    return white(0.10);
+}
+/// The fill of the hovered row.
+inline QColor rowHoverBackground()
+{
+    return white(0.14);
+}
 
 namespace preview {
 inline constexpr int side = 32;

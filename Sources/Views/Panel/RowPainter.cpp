@@ -8,6 +8,7 @@
 #include "Panel/PanelStyle.h"
 #include "Support/ContinuousCorners.h"
 #include "Support/DevicePixels.h"
+#include "Support/VisualRectangle.h"
 
 namespace tessel {
 
@@ -67,20 +68,41 @@ RowPainter::RowPainter(QPainter& painter, PanelArtwork& artwork)
     , pictures_(artwork.pictures(devicePixelRatio(painter)))
 {}
 
-void RowPainter::drawRow(const QRectF& rectangle, const ClipboardItem& item, const RowText& text,
-                         const RowAppearance& appearance)
+QRectF RowPainter::visual(const QRectF& bounds, const QRectF& rectangle) const
+{
+    return visualRectangle(painter_.layoutDirection(), bounds, rectangle);
+}
+
+void RowPainter::row(const QRectF& rectangle, const ClipboardItem& item, const RowText& text,
+                     const RowAppearance& appearance)
 {
     drawRowFrame(rectangle, appearance);
-    QPointF topLeft = rectangle.topLeft() + QPointF(row::horizontalPadding, row::verticalPadding);
-    if (item.isImage()) {
-        drawPreviewIcon(topLeft, item);
-        topLeft.rx() += previewAdvance;
-    }
+    painter_.save();
+    // Stacked marks and overlong letters would reach into other rows.
+    painter_.setClipRect(alignedToDevicePixels(painter_, rectangle), Qt::IntersectClip);
+    drawContent(rectangle, item, text, appearance);
+    painter_.restore();
+}
 
+void RowPainter::drawContent(const QRectF& rectangle, const ClipboardItem& item, const RowText& text,
+                             const RowAppearance& appearance)
+{
+    QRectF content = rectangle.adjusted(row::horizontalPadding, row::verticalPadding, -row::horizontalPadding,
+                                        -row::verticalPadding);
+    if (item.isImage()) {
+        const QRectF preview(content.topLeft(), QSizeF(preview::side, preview::side));
+        previewIcon(visual(rectangle, preview).topLeft(), item);
+        content.setLeft(content.left() + previewAdvance);
+    }
+    content = visual(rectangle, content);
+
+    const double titleHeight = text.title.lineCount() * fonts_.rowTitle.lineHeight;
+    const QRectF title = visual(content, {content.topLeft(), QSizeF(text.title.width(), titleHeight)});
     painter_.setPen(white(row::titleOpacity));
-    text.title.draw(painter_, topLeft + QPointF(0, fonts_.rowTitle.ascent), fonts_.rowTitle.lineHeight);
-    topLeft.ry() += text.title.lineCount() * fonts_.rowTitle.lineHeight + row::textSpacing;
-    drawMetadata(topLeft, text, appearance.isPinned);
+    text.title.draw(painter_, title.topLeft() + QPointF(0, fonts_.rowTitle.ascent),
+                    fonts_.rowTitle.lineHeight);
+    content.setTop(title.bottom() + row::textSpacing);
+    drawMetadata(content, text, appearance.isPinned);
 }
 
 void RowPainter::drawRowFrame(const QRectF& rectangle, const RowAppearance& appearance)
@@ -88,24 +110,33 @@ void RowPainter::drawRowFrame(const QRectF& rectangle, const RowAppearance& appe
     pictures_.row(frameState(appearance)).draw(painter_, alignedToDevicePixels(painter_, rectangle));
 }
 
-void RowPainter::drawMetadata(QPointF topLeft, const RowText& text, bool isPinned)
+void RowPainter::drawMetadata(const QRectF& rectangle, const RowText& text, bool isPinned)
 {
     const TextStyle& style = fonts_.rowMetadata;
-    const QPointF baseline = topLeft + QPointF(0, style.ascent);
     painter_.setFont(style.font);
     painter_.setPen(white(row::metadataOpacity));
-    painter_.drawText(baseline, text.kind);
-    double x = baseline.x() + QFontMetricsF(style.font).horizontalAdvance(text.kind) + row::metadataSpacing;
+    QRectF line = rectangle; // From left to right.
+    line.setLeft(line.left() + drawText(rectangle, style.ascent, text.kind) + row::metadataSpacing);
 
     if (isPinned) {
-        const QRectF symbol(x, topLeft.y() + (style.lineHeight - pin::height) / 2, pin::width, pin::height);
-        painter_.drawImage(alignedToDevicePixels(painter_, symbol).topLeft(), pictures_.pin);
-        x += pin::width + row::metadataSpacing;
+        const QRectF symbol(line.left(), line.top() + (style.lineHeight - pin::height) / 2, pin::width,
+                            pin::height);
+        painter_.drawImage(alignedToDevicePixels(painter_, visual(rectangle, symbol)).topLeft(),
+                           pictures_.pin);
+        line.setLeft(symbol.right() + row::metadataSpacing);
     }
-    painter_.drawText(QPointF(x, baseline.y()), text.time);
+    drawText(visual(rectangle, line), style.ascent, text.time);
 }
 
-void RowPainter::drawPreviewIcon(const QPointF& topLeft, const ClipboardItem& item)
+double RowPainter::drawText(const QRectF& rectangle, int ascent, const QString& text)
+{
+    const double width = QFontMetricsF(painter_.font()).horizontalAdvance(text);
+    const QRectF place = visual(rectangle, {rectangle.topLeft(), QSizeF(width, rectangle.height())});
+    painter_.drawText(place.topLeft() + QPointF(0, ascent), text);
+    return width;
+}
+
+void RowPainter::previewIcon(const QPointF& topLeft, const ClipboardItem& item)
 {
     const QRectF frame = alignedToDevicePixels(painter_, {topLeft, QSizeF(preview::side, preview::side)});
     if (const auto* image = std::get_if<SharedImage>(&item.content))
@@ -139,14 +170,14 @@ void RowPainter::drawGlyph(const QRectF& frame)
     painter_.restore();
 }
 
-void RowPainter::drawSectionHeader(const QRectF& rectangle, const QString& title)
+void RowPainter::sectionHeader(const QRectF& rectangle, const QString& title)
 {
     const TextStyle& style = fonts_.sectionHeader;
     painter_.setFont(style.font);
     painter_.setPen(white(sectionHeader::opacity));
-    painter_.drawText(rectangle.topLeft() +
-                          QPointF(sectionHeader::horizontalPadding, sectionHeader::topPadding + style.ascent),
-                      title.toUpper());
+    drawText(rectangle.adjusted(sectionHeader::horizontalPadding, sectionHeader::topPadding,
+                                -sectionHeader::horizontalPadding, 0),
+             style.ascent, title.toUpper());
 }
 
 } // namespace tessel

@@ -34,21 +34,27 @@ double rowTitleWidth(bool isImage);
 /// Draws the building blocks of the panel's list.
 class RowPainter {
 public:
-    /// Both must outlive this object.
+    /// Both must outlive this object. Draws from right to left where that is the painter's layout direction.
     RowPainter(QPainter& painter, PanelArtwork& artwork);
 
-    void drawRow(const QRectF& rectangle, const ClipboardItem& item, const RowText& text,
-                 const RowAppearance& appearance);
+    void row(const QRectF& rectangle, const ClipboardItem& item, const RowText& text,
+             const RowAppearance& appearance);
     /// The thumbnail of an image, the glyph of a text.
-    void drawPreviewIcon(const QPointF& topLeft, const ClipboardItem& item);
+    void previewIcon(const QPointF& topLeft, const ClipboardItem& item);
     /// `title` is shown in upper case.
-    void drawSectionHeader(const QRectF& rectangle, const QString& title);
+    void sectionHeader(const QRectF& rectangle, const QString& title);
 
 private:
+    void drawContent(const QRectF& rectangle, const ClipboardItem& item, const RowText& text,
+                     const RowAppearance& appearance);
     void drawRowFrame(const QRectF& rectangle, const RowAppearance& appearance);
-    void drawMetadata(QPointF topLeft, const RowText& text, bool isPinned);
+    /// The line at the top of `rectangle`.
+    void drawMetadata(const QRectF& rectangle, const RowText& text, bool isPinned);
     void drawThumbnail(const QRectF& frame, const Thumbnail& thumbnail);
     void drawGlyph(const QRectF& frame);
+    /// Draws a text in the painter's font at the start of `rectangle`, and returns its width.
+    double drawText(const QRectF& rectangle, int ascent, const QString& text);
+    QRectF visual(const QRectF& bounds, const QRectF& rectangle) const;
 
     QPainter& painter_;
     const PanelFonts& fonts_;

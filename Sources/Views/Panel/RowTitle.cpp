@@ -1,8 +1,10 @@
 #include "Panel/RowTitle.h"
 
+#include <QtCore/QTextBoundaryFinder>
 #include <QtGui/QFontMetricsF>
 #include <QtGui/QPainter>
 #include <QtGui/QTextLayout>
+#include <QtWidgets/QStyle>
 
 #include "Panel/PanelFonts.h"
 #include "Panel/PanelStyle.h"
@@ -16,21 +18,61 @@ constexpr qsizetype longestLaidOut = 600;
 
 constexpr QChar ellipsis(0x2026);
 
-/// The part that may show, with an ellipsis where more follows.
-QString boundedTitle(const QString& title)
+/// More pictures than two lines can show. A font of colour pictures decodes each one whenever it is measured.
+constexpr int mostPictures = 70;
+
+/// Does the text begin with an emoji or another pictograph, flags among them?
+bool beginsWithPicture(QStringView text)
 {
-    if (title.size() <= longestLaidOut)
-        return title;
-    const bool splitsPair = title[longestLaidOut - 1].isHighSurrogate();
-    return title.first(longestLaidOut - (splitsPair ? 1 : 0)) + ellipsis;
+    constexpr char16_t firstOfPictures = 0xD83C; // High surrogates: from U+1F000
+    constexpr char16_t lastOfPictures = 0xD83E;  // to U+1FBFF.
+    return text.front() >= firstOfPictures && text.front() <= lastOfPictures;
 }
 
-QTextOption textOption(Qt::LayoutDirection direction)
+/// The length of the part that may show. It ends between two characters as their reader sees them; only one
+/// that is longer than all of it is cut.
+qsizetype boundedLength(const QString& title)
 {
-    QTextOption option(Qt::AlignLeft | Qt::AlignAbsolute);
-    option.setTextDirection(direction);
+    constexpr qsizetype nextCharacter = 2; // It decides whether the one before it is complete.
+    const QStringView beginning =
+        QStringView(title).first(std::min(title.size(), longestLaidOut + nextCharacter));
+    QTextBoundaryFinder finder(QTextBoundaryFinder::Grapheme, beginning.data(), beginning.size());
+    qsizetype length = 0;
+    int pictures = 0;
+    for (qsizetype end = finder.toNextBoundary(); end > 0 && end <= longestLaidOut && pictures < mostPictures;
+         end = finder.toNextBoundary()) {
+        pictures += beginsWithPicture(beginning.sliced(length)) ? 1 : 0;
+        length = end;
+    }
+    if (length > 0 || beginning.size() <= longestLaidOut)
+        return length;
+    return beginning[longestLaidOut - 1].isHighSurrogate() ? longestLaidOut - 1 : longestLaidOut;
+}
+
+/// That part, with an ellipsis where more follows.
+QString boundedTitle(const QString& title)
+{
+    const qsizetype length = boundedLength(title);
+    return length == title.size() ? title : title.first(length) + ellipsis;
+}
+
+/// Text from either direction begins where the interface's lines begin.
+QTextOption textOption(Qt::LayoutDirection textDirection, Qt::LayoutDirection interfaceDirection)
+{
+    QTextOption option(QStyle::visualAlignment(interfaceDirection, Qt::AlignLeft) | Qt::AlignAbsolute);
+    option.setTextDirection(textDirection);
     option.setWrapMode(QTextOption::WrapAtWordBoundaryOrAnywhere);
     return option;
+}
+
+/// As much of a text as fits with an ellipsis after it; all of it where that fits.
+QString elidedText(const QString& text, const QFont& font, double width)
+{
+    QString elided = QFontMetricsF(font).elidedText(text, Qt::ElideRight, width);
+    // The toolkit repeats the marks of direction that it left out behind the ellipsis, which they would move.
+    if (elided != text)
+        elided.truncate(elided.lastIndexOf(ellipsis) + 1);
+    return elided;
 }
 
 /// Lays out up to `lines` lines. Returns the number of characters that they show.
@@ -49,15 +91,15 @@ qsizetype layOut(QTextLayout& layout, int lines, double width)
     return shown;
 }
 
-std::unique_ptr<QTextLayout> makeLayout(const QString& text, const QFont& font, Qt::LayoutDirection direction)
+std::unique_ptr<QTextLayout> makeLayout(const QString& text, const QFont& font, const QTextOption& option)
 {
     auto layout = std::make_unique<QTextLayout>(text, font);
-    layout->setTextOption(textOption(direction));
+    layout->setTextOption(option);
     layout->setCacheEnabled(true);
     return layout;
 }
 
-bool isHarmless(QChar character)
+bool isVisible(QChar character)
 {
     switch (character.category()) {
     case QChar::Other_Control:
@@ -69,25 +111,41 @@ bool isHarmless(QChar character)
     }
 }
 
+/// Does it embed, override or isolate what follows it, or end that?
+bool isDirectionControl(QChar character)
+{
+    constexpr char16_t firstEmbedding = 0x202A;
+    constexpr char16_t lastOverride = 0x202E;
+    constexpr char16_t firstIsolate = 0x2066;
+    constexpr char16_t lastIsolate = 0x2069;
+    return (character >= firstEmbedding && character <= lastOverride) ||
+           (character >= firstIsolate && character <= lastIsolate);
+}
+
 } // namespace
 
-RowTitle::RowTitle(const QString& title, const PanelFonts& fonts, double widthInPoints)
-    : scale_(fonts.rowTitle.scale)
+RowTitle::RowTitle(const QString& title, const PanelFonts& fonts, double width,
+                   Qt::LayoutDirection interfaceDirection)
+    : width_(width)
+    , scale_(fonts.rowTitle.scale)
 {
-    const QString text = boundedTitle(drawableTitle(title));
+    const QString text = drawableTitle(boundedTitle(title));
     const QFont& font = fonts.rowTitle.font;
-    const double width = widthInPoints / scale_;
-    const Qt::LayoutDirection direction = text.isRightToLeft() ? Qt::RightToLeft : Qt::LeftToRight;
-    text_ = makeLayout(text, font, direction);
-    const qsizetype shown = layOut(*text_, panelStyle::row::titleLines, width);
+    const double layoutWidth = width / scale_;
+    QTextOption option =
+        textOption(text.isRightToLeft() ? Qt::RightToLeft : Qt::LeftToRight, interfaceDirection);
+    text_ = makeLayout(text, font, option);
+    const qsizetype shown = layOut(*text_, panelStyle::row::titleLines, layoutWidth);
     if (shown >= text.size())
         return;
 
     // The last line takes as much of the rest as fits, not only whole words.
     const qsizetype lastLineStart = text_->lineAt(text_->lineCount() - 1).textStart();
     const QString rest = text.sliced(lastLineStart);
-    elidedLine_ = makeLayout(QFontMetricsF(font).elidedText(rest, Qt::ElideRight, width), font, direction);
-    layOut(*elidedLine_, 1, width + 1); // A rounding error must not wrap it.
+    const QString elided = elidedText(rest, font, layoutWidth);
+    option.setWrapMode(QTextOption::NoWrap); // A rounding error must not wrap it.
+    elidedLine_ = makeLayout(elided, font, option);
+    layOut(*elidedLine_, 1, layoutWidth);
 }
 
 RowTitle::~RowTitle() = default;
@@ -127,17 +185,19 @@ void RowTitle::draw(QPainter& painter, const QPointF& baseline, double lineHeigh
     painter.restore();
 }
 
-QString drawableTitle(QString title)
+QString drawableTitle(const QString& title)
 {
+    QString drawable;
+    drawable.reserve(title.size());
     for (qsizetype position = 0; position < title.size(); ++position) {
-        if (isHarmless(title[position]))
-            continue;
-        const bool endsLine = title[position] == QChar::CarriageReturn && position + 1 < title.size() &&
+        const QChar character = title[position];
+        const bool endsLine = character == QChar::CarriageReturn && position + 1 < title.size() &&
                               title[position + 1] == QChar::Space;
         // A carriage return before what was a line feed is nothing to see.
-        title[position] = endsLine ? QChar(0x200B) : QChar(QChar::Space);
+        if (!endsLine && !isDirectionControl(character))
+            drawable += isVisible(character) ? character : QChar(QChar::Space);
     }
-    return title;
+    return drawable;
 }
 
 std::optional<int> quickLineCount(std::string_view title, const PanelFonts& fonts, double width)

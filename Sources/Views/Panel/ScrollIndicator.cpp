@@ -6,6 +6,7 @@
 
 #include "Panel/PanelStyle.h"
 #include "Panel/ScrollPosition.h"
+#include "Support/VisualRectangle.h"
 
 namespace tessel {
 
@@ -30,21 +31,27 @@ double knobTop(const ScrollPosition& position)
     return scrollIndicator::topInset + way * position.offset() / position.maximum();
 }
 
-} // namespace
-
-std::optional<QRectF> ScrollIndicator::knob(const ScrollPosition& position, double viewWidth)
+QRectF atEndOfLines(const ScrollIndicator::View& view, const QRectF& atRight)
 {
-    if (!position.overflows())
-        return std::nullopt;
-    return QRectF(viewWidth - scrollIndicator::edgeInset - scrollIndicator::thickness, knobTop(position),
-                  scrollIndicator::thickness, knobLength(position));
+    return visualRectangle(view.direction, {0, 0, view.width, 0}, atRight);
 }
 
-std::optional<QRectF> ScrollIndicator::track(const ScrollPosition& position, double viewWidth)
+} // namespace
+
+std::optional<QRectF> ScrollIndicator::knob(const ScrollPosition& position, const View& view)
 {
     if (!position.overflows())
         return std::nullopt;
-    return QRectF(viewWidth - list::horizontalPadding, 0, list::horizontalPadding, position.viewHeight());
+    return atEndOfLines(view, {view.width - scrollIndicator::edgeInset - scrollIndicator::thickness,
+                               knobTop(position), scrollIndicator::thickness, knobLength(position)});
+}
+
+std::optional<QRectF> ScrollIndicator::track(const ScrollPosition& position, const View& view)
+{
+    if (!position.overflows())
+        return std::nullopt;
+    return atEndOfLines(
+        view, {view.width - list::horizontalPadding, 0, list::horizontalPadding, position.viewHeight()});
 }
 
 void ScrollIndicator::press(double y, const ScrollPosition& position)
@@ -64,9 +71,9 @@ double ScrollIndicator::offsetAt(double y, const ScrollPosition& position) const
     return std::clamp(top / way, 0.0, 1.0) * position.maximum();
 }
 
-void ScrollIndicator::paint(QPainter& painter, const ScrollPosition& position, double viewWidth) const
+void ScrollIndicator::paint(QPainter& painter, const ScrollPosition& position, const View& view) const
 {
-    const auto bar = knob(position, viewWidth);
+    const auto bar = knob(position, view);
     if (!bar)
         return;
     painter.setRenderHint(QPainter::Antialiasing);

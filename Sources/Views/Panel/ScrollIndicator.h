@@ -14,10 +14,16 @@ class ScrollPosition;
 /// dragged.
 class ScrollIndicator {
 public:
-    /// Where the knob is in a view of that width. None: everything is in view.
-    static std::optional<QRectF> knob(const ScrollPosition& position, double viewWidth);
+    /// A view of that width in points. The indicator is at the end of its lines.
+    struct View {
+        double width;
+        Qt::LayoutDirection direction;
+    };
+
+    /// Where the knob is. None: everything is in view.
+    static std::optional<QRectF> knob(const ScrollPosition& position, const View& view);
     /// The strip in which a press takes hold of the indicator. None: everything is in view.
-    static std::optional<QRectF> track(const ScrollPosition& position, double viewWidth);
+    static std::optional<QRectF> track(const ScrollPosition& position, const View& view);
 
     bool isHeld() const { return hold_.has_value(); }
     /// Takes hold of the knob at that height of the view; beside it, the knob first jumps there.
@@ -26,7 +32,7 @@ public:
     /// The offset of a content whose held knob has been dragged to that height.
     double offsetAt(double y, const ScrollPosition& position) const;
 
-    void paint(QPainter& painter, const ScrollPosition& position, double viewWidth) const;
+    void paint(QPainter& painter, const ScrollPosition& position, const View& view) const;
 
 private:
     /// The distance from the knob's top to where it is held.

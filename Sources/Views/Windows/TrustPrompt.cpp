@@ -14,21 +14,17 @@ namespace {
 
 constexpr int promptWidth = 360; // Points.
 
-QString text(const char* source)
-{
-    return QCoreApplication::translate("TrustPrompt", source);
-}
-
 std::unique_ptr<QWidget> makePrompt()
 {
     auto prompt = std::make_unique<QWidget>(nullptr, Qt::Dialog | Qt::WindowStaysOnTopHint);
     prompt->setAttribute(Qt::WA_ShowWithoutActivating);
-    prompt->setWindowTitle(text("Paste it yourself"));
+    prompt->setWindowTitle(QCoreApplication::translate("TrustPrompt", "Paste it yourself"));
     prompt->setFixedWidth(promptWidth);
 
-    auto* message = new QLabel(
-        text("The entry is on the clipboard. In this session programs cannot send keys to each other, so "
-             "Tessel Clipboard cannot paste it for you: press Ctrl+V where you want it."));
+    auto* message = new QLabel(QCoreApplication::translate(
+        "TrustPrompt",
+        "The entry is on the clipboard. In this session programs cannot send keys to each other, so "
+        "Tessel Clipboard cannot paste it for you: press Ctrl+V where you want it."));
     message->setWordWrap(true);
     auto* buttons = new QDialogButtonBox(QDialogButtonBox::Close);
     QObject::connect(buttons, &QDialogButtonBox::rejected, prompt.get(), &QWidget::close);

@@ -3,6 +3,7 @@
 #include <array>
 #include <cmath>
 #include <cstdlib>
+#include <utility>
 
 namespace tessel::desktop {
 
@@ -26,7 +27,6 @@ Environment makeEnvironment(const TemporaryDirectory& directory)
     environment["XDG_CACHE_HOME"] = directory.makeDirectory("home/.cache").string();
     environment["XDG_RUNTIME_DIR"] = directory.makeDirectory("runtime").string();
     environment["TMPDIR"] = directory.makeDirectory("temporary").string();
-    environment["LANG"] = "C.UTF-8";
     environment["XDG_SESSION_TYPE"] = "x11";
     // Clients of this desktop speak to its X server only, and need no helper that is not there.
     environment["GDK_BACKEND"] = "x11";
@@ -40,9 +40,10 @@ Environment makeEnvironment(const TemporaryDirectory& directory)
 } // namespace
 
 Desktop::Desktop(DesktopOptions options)
-    : options_(options)
+    : options_(std::move(options))
     , environment_(makeEnvironment(directory_))
 {
+    environment_["LANG"] = options_.language;
     display_.emplace(options_.screen, environment_, options_.server);
     environment_["DISPLAY"] = display_->name();
     if (options_.bus == BusChoice::sessionBus) {

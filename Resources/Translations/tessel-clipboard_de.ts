@@ -1,0 +1,115 @@
+<?xml version="1.0" encoding="utf-8"?>
+<!DOCTYPE TS>
+<TS version="2.1" language="de" sourcelanguage="en">
+<context>
+    <name>Core</name>
+    <message>
+        <source>Text</source>
+        <translation>Text</translation>
+    </message>
+    <message>
+        <source>Image</source>
+        <translation>Bild</translation>
+    </message>
+    <message>
+        <source>Cmd + Shift + V</source>
+        <translation>Cmd + Umschalt + V</translation>
+    </message>
+    <message>
+        <source>Ctrl + Shift + V</source>
+        <translation>Strg + Umschalt + V</translation>
+    </message>
+    <message>
+        <source>Cmd + Option + V</source>
+        <translation>Cmd + Option + V</translation>
+    </message>
+</context>
+<context>
+    <name>TrustPrompt</name>
+    <message>
+        <source>Paste it yourself</source>
+        <translation>Bitte selbst einfügen</translation>
+    </message>
+    <message>
+        <source>The entry is on the clipboard. In this session programs cannot send keys to each other, so Tessel Clipboard cannot paste it for you: press Ctrl+V where you want it.</source>
+        <translation>Der Eintrag liegt in der Zwischenablage. In dieser Sitzung können Programme einander keine Tasten senden, daher kann Tessel Clipboard ihn nicht selbst einfügen: Strg+V an der gewünschten Stelle fügt ihn ein.</translation>
+    </message>
+</context>
+<context>
+    <name>tessel::ClipboardListView</name>
+    <message>
+        <source>Pinned</source>
+        <translation>Angeheftet</translation>
+    </message>
+    <message>
+        <source>Recent</source>
+        <translation>Zuletzt kopiert</translation>
+    </message>
+</context>
+<context>
+    <name>tessel::ClipboardPanelView</name>
+    <message>
+        <source>Clipboard history</source>
+        <translation>Verlauf der Zwischenablage</translation>
+    </message>
+</context>
+<context>
+    <name>tessel::ClipboardPanelWindow</name>
+    <message>
+        <source>Clipboard</source>
+        <translation>Zwischenablage</translation>
+    </message>
+</context>
+<context>
+    <name>tessel::EmptyStateView</name>
+    <message>
+        <source>Clipboard is empty</source>
+        <translation>Die Zwischenablage ist leer</translation>
+    </message>
+    <message>
+        <source>Copy something and it will appear here.</source>
+        <translation>Was kopiert wird, erscheint hier.</translation>
+    </message>
+</context>
+<context>
+    <name>tessel::PanelHeader</name>
+    <message>
+        <source>Clipboard</source>
+        <translation>Zwischenablage</translation>
+    </message>
+    <message>
+        <source>Close</source>
+        <translation>Schließen</translation>
+    </message>
+    <message>
+        <source>Clear all</source>
+        <translation>Alle löschen</translation>
+    </message>
+    <message numerus="yes">
+        <source>%n items</source>
+        <translation>
+            <numerusform>%n Eintrag</numerusform>
+            <numerusform>%n Einträge</numerusform>
+        </translation>
+    </message>
+</context>
+<context>
+    <name>tessel::RowContextMenu</name>
+    <message>
+        <source>Copy</source>
+        <translation>Kopieren</translation>
+    </message>
+    <message>
+        <source>Unpin</source>
+        <translation>Loslösen</translation>
+    </message>
+    <message>
+        <source>Pin</source>
+        <translation>Anheften</translation>
+    </message>
+    <message>
+        <source>Delete</source>
+        <translation>Löschen</translation>
+    </message>
+</context>
+</TS>

@@ -1,0 +1,28 @@
+#include "Support/CoreText.h"
+
+#include <QtCore/QCoreApplication>
+#include <QtCore/QString>
+
+#include <string>
+
+namespace tessel {
+
+namespace {
+
+/// Every text that the rules have for the user, where the tool that collects texts for translation finds it.
+[[maybe_unused]] constexpr const char* texts[] = {
+    QT_TRANSLATE_NOOP("Core", "Text"),
+    QT_TRANSLATE_NOOP("Core", "Image"),
+    QT_TRANSLATE_NOOP("Core", "Cmd + Shift + V"),
+    QT_TRANSLATE_NOOP("Core", "Ctrl + Shift + V"),
+    QT_TRANSLATE_NOOP("Core", "Cmd + Option + V"),
+};
+
+} // namespace
+
+QString coreText(std::string_view english)
+{
+    return QCoreApplication::translate("Core", std::string(english).c_str());
+}
+
+} // namespace tessel
