@@ -39,12 +39,12 @@ std::vector<std::string> namesOf(const ScreenReader::Tree& tree, const std::stri
     return names;
 }
 
-/// The names of the selected rows; there should be one.
-std::vector<std::string> selectedNames(const ScreenReader::Tree& tree)
+/// The names of the rows that have a state.
+std::vector<std::string> rowsThatAre(const ScreenReader::Tree& tree, const std::string& state)
 {
     std::vector<std::string> names;
     for (const auto& node : nodesOf(tree, "list item")) {
-        if (node.is("selected"))
+        if (node.is(state))
             names.push_back(node.name);
     }
     return names;
@@ -74,14 +74,20 @@ protected:
         program_->openPanel();
         listen();
     }
-    /// Returns when the reader has found the panel, whose list has the focus.
+    /// Returns when the reader has found the panel, a row of which has the focus, and hears what changes.
     void listen()
     {
         reader_.emplace(desktop_, program_->process().pid());
-        waitForTree("the panel with the focus in its list", [](const ScreenReader::Tree& tree) {
-            const auto lists = nodesOf(tree, "list");
-            return !lists.empty() && lists.front().is("focused");
+        const auto tree = waitForTree("a row that has the focus", [](const ScreenReader::Tree& nodes) {
+            return !rowsThatAre(nodes, "focused").empty();
         });
+        const auto focused = rowsThatAre(tree, "focused").front();
+        const auto path = onlyPathOf(tree, "list item", focused);
+        desktop_.connection().waitUntil("the screen reader to hear the program", [&] {
+            reader_->act(path, "SetFocus");
+            return reader_->hasHeard("object:state-changed:focused");
+        });
+        reader_->waitForFocus(focused);
     }
 
     ScreenReader::Tree waitForTree(const std::string& awaited,
@@ -143,11 +149,11 @@ TEST_F(AccessibilityTest, EveryMoveOfTheSelectionIsHeard)
     auto heard = reader_->waitForFocus("B");
     EXPECT_EQ(heard.role, "list item");
     EXPECT_THAT(heard.description, MatchesRegex("Text, [0-9]+:[0-9][0-9]"));
-    EXPECT_THAT(selectedNames(reader_->read()), ElementsAre("B"));
+    EXPECT_THAT(rowsThatAre(reader_->read(), "selected"), ElementsAre("B"));
 
     tap(XKB_KEY_Down);
-    EXPECT_EQ(reader_->waitForEvent("object:state-changed:selected", 0, "B").role, "list item");
-    EXPECT_EQ(reader_->waitForEvent("object:state-changed:selected", 1, "A").role, "list item");
+    EXPECT_EQ(reader_->waitForEvent("object:state-changed:selected", "B", 0).role, "list item");
+    EXPECT_EQ(reader_->waitForEvent("object:state-changed:selected", "A", 1).role, "list item");
     reader_->waitForFocus("A");
     tap(XKB_KEY_Up);
     reader_->waitForFocus("B");
@@ -161,6 +167,8 @@ TEST_F(AccessibilityTest, EveryMoveOfTheSelectionIsHeard)
 TEST_F(AccessibilityTest, TheOpeningIsHeardWithTheSelectedRow)
 {
     openWith({"A", "B"});
+    tap(XKB_KEY_Down);
+    reader_->waitForFocus("A");
     program_->closePanel();
     program_->openPanel();
     EXPECT_EQ(reader_->waitForFocus("B").role, "list item");
@@ -173,7 +181,7 @@ TEST_F(AccessibilityTest, PinningIsHeardAndRead)
     tap(XKB_KEY_Down);
     reader_->waitForFocus("A");
     tapWithControl(XKB_KEY_p);
-    const auto heard = reader_->waitForEvent("object:property-change:accessible-description", 0, "A");
+    const auto heard = reader_->waitForEvent("object:property-change:accessible-description", "A");
     EXPECT_THAT(heard.description, MatchesRegex("Text, pinned, [0-9]+:[0-9][0-9]"));
     const auto rows = nodesOf(waitForRows({"A", "B"}), "list item");
     EXPECT_THAT(rows[0].description, MatchesRegex("Text, pinned, [0-9]+:[0-9][0-9]"));
@@ -190,17 +198,17 @@ TEST_F(AccessibilityTest, DeletionsAndCopiesAreHeardAndRead)
 {
     openWith({"A", "B"});
     tapWithControl(XKB_KEY_BackSpace);
-    reader_->waitForEvent("object:children-changed:remove", -1, "Clipboard history");
+    reader_->waitForEvent("object:children-changed:remove", "Clipboard history");
     reader_->waitForFocus("A");
     auto tree = waitForRows({"A"});
     EXPECT_THAT(namesOf(tree, "label"), ElementsAre("1 items"));
 
     copies_.emplace(desktop_, *program_, 1);
     copies_->copyText("C");
-    EXPECT_EQ(reader_->waitForEvent("object:property-change:accessible-name", 0, "2 items").role, "label");
-    reader_->waitForEvent("object:children-changed:add", 2, "Clipboard history");
+    EXPECT_EQ(reader_->waitForEvent("object:property-change:accessible-name", "2 items").role, "label");
+    reader_->waitForEvent("object:children-changed:add", "Clipboard history");
     tree = waitForRows({"C", "A"});
-    EXPECT_THAT(selectedNames(tree), ElementsAre("A"));
+    EXPECT_THAT(rowsThatAre(tree, "selected"), ElementsAre("A"));
     program_->closePanel();
 }
 
@@ -349,6 +357,18 @@ TEST_F(LateAccessibilityTest, ABusThatAppearsIsUsed)
 {
     bus_.emplace(desktop_, AccessibilityBus::Status::enabled);
     openWith({"A", "B"});
+    tap(XKB_KEY_Down);
+    reader_->waitForFocus("A");
+    program_->closePanel();
+}
+
+TEST_F(LateAccessibilityTest, ABusThatAppearsAndIsEnabledLaterIsUsedFromThen)
+{
+    bus_.emplace(desktop_, AccessibilityBus::Status::disabled);
+    copyTexts({"A", "B"});
+    bus_->setStatus(AccessibilityBus::Status::enabled);
+    program_->openPanel();
+    listen();
     tap(XKB_KEY_Down);
     reader_->waitForFocus("A");
     program_->closePanel();

@@ -153,8 +153,9 @@ void hear(AtspiEvent* event, void*)
 AtspiEventListener* listen()
 {
     AtspiEventListener* listener = atspi_event_listener_new(hear, nullptr, nullptr);
-    for (const char* type : {"object:state-changed:focused", "object:state-changed:selected",
-                             "object:children-changed", "object:property-change", "window:activate"})
+    // Programs hear of these one after the other. Who tells of the focus has heard of them all.
+    for (const char* type : {"window:activate", "object:property-change", "object:children-changed",
+                             "object:state-changed:selected", "object:state-changed:focused"})
         atspi_event_listener_register(listener, type, nullptr);
     return listener;
 }

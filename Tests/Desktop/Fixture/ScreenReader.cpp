@@ -115,14 +115,21 @@ ScreenReader::Tree ScreenReader::waitForTree(const std::string& awaited,
     return nodes;
 }
 
-AccessibleEvent ScreenReader::waitForEvent(const std::string& type, int detail, const std::string& name)
+bool ScreenReader::hasHeard(const std::string& type) const
+{
+    return std::any_of(events_.begin(), events_.end(),
+                       [&](const AccessibleEvent& event) { return event.type == type; });
+}
+
+AccessibleEvent ScreenReader::waitForEvent(const std::string& type, const std::string& name,
+                                           std::optional<int> detail)
 {
     const std::string awaited = "the event " + type + " of \"" + name + "\"";
     for (const Deadline deadline; !deadline.hasPassed();) {
         while (!events_.empty()) {
             const AccessibleEvent event = events_.front();
             events_.pop_front();
-            if (event.type == type && event.detail == detail && event.name == name)
+            if (event.type == type && event.name == name && event.detail == detail.value_or(event.detail))
                 return event;
         }
         const auto line = process_.nextLine(awaited, deadline);

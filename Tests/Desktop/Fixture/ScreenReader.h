@@ -49,13 +49,17 @@ public:
     Tree read();
     /// Reads until the tree is as it has to be, and returns it.
     Tree waitForTree(const std::string& awaited, const std::function<bool(const Tree&)>& condition);
-    /// The next event like that; earlier ones are dropped.
-    AccessibleEvent waitForEvent(const std::string& type, int detail, const std::string& name);
+    /// The next event of that type at a node of that name, with `detail` where that is given; earlier ones
+    /// are dropped.
+    AccessibleEvent waitForEvent(const std::string& type, const std::string& name,
+                                 std::optional<int> detail = std::nullopt);
     /// The focus arrives at the node of that name.
     AccessibleEvent waitForFocus(const std::string& name)
     {
-        return waitForEvent("object:state-changed:focused", 1, name);
+        return waitForEvent("object:state-changed:focused", name, 1);
     }
+    /// True if an event of that type has come that nobody has waited for; it is kept.
+    bool hasHeard(const std::string& type) const;
     /// Does an action of a node, which must have it.
     void act(const std::string& path, const std::string& action);
 
