@@ -45,7 +45,7 @@ TEST(PanelView, ShowsAMessageWhereThereIsNoHistory)
     desktop.openPanel();
     EXPECT_THAT(
         desktop.visibleLabels(),
-        ElementsAre("Clipboard is empty", "Copy something and it will appear here.", "Clipboard", "0 items"));
+        ElementsAre("Clipboard", "0 items", "Clipboard is empty", "Copy something and it will appear here."));
     EXPECT_FALSE(desktop.list().isVisible());
     EXPECT_FALSE(desktop.view().selectedItemID());
 }

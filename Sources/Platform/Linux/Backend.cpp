@@ -5,6 +5,7 @@
 
 #include <utility>
 
+#include "Desktop/AccessibilityStatus.h"
 #include "Desktop/JSONDefaultsStore.h"
 #include "Desktop/OpenSSLDigest.h"
 #include "Desktop/QtMainQueue.h"
@@ -65,6 +66,7 @@ struct Backend::Parts {
         , terminationSignals([application = x11.application] { application->terminate(); })
     {}
 
+    AccessibilityStatus accessibilityStatus;
     std::shared_ptr<QtMainQueue> queue;
     std::shared_ptr<Digest> digest;
     std::shared_ptr<X11Pasteboard> pasteboard;

@@ -133,6 +133,18 @@ std::optional<std::size_t> ClipboardListView::rowOf(UUID id) const
     return static_cast<std::size_t>(found - items_.begin());
 }
 
+const ClipboardItem* ClipboardListView::item(UUID id) const
+{
+    const auto row = rowOf(id);
+    return row ? &items_[*row] : nullptr;
+}
+
+bool ClipboardListView::isPinned(UUID id) const
+{
+    const auto row = rowOf(id);
+    return row && *row < pinnedCount_;
+}
+
 RowAppearance ClipboardListView::appearance(std::size_t row) const
 {
     const UUID id = items_[row].id;

@@ -45,7 +45,12 @@ public:
     /// Scrolls a row into view at once, no further than needed. Does nothing where there is no such row.
     void reveal(UUID id);
 
+    /// The pinned entries, then the recent ones.
     const History& items() const { return items_; }
+    std::size_t pinnedCount() const { return pinnedCount_; }
+    /// Null: there is no such row.
+    const ClipboardItem* item(UUID id) const;
+    bool isPinned(UUID id) const;
     /// A row's rectangle in this widget, in view or not. None: there is no such row.
     std::optional<QRect> rowRectangle(UUID id) const;
     const ListLayout& layout() const { return layout_; }

@@ -5,6 +5,7 @@
 
 #include <utility>
 
+#include "Accessibility/AccessibleHistoryList.h"
 #include "AppState.h"
 #include "Panel/CardEdgeView.h"
 #include "Panel/ColorView.h"
@@ -42,13 +43,22 @@ ClipboardPanelView::ClipboardPanelView(AppState& appState, std::shared_ptr<Panel
     , artwork_(std::move(artwork))
     , material_(backdrop.makeView(this))
     , tint_(new ColorView(this))
+    , header_(new PanelHeader(artwork_->fonts(), {[this] { closePanel(); }, [this] { clearAll(); }}, this))
     , keyCapture_(keyboardEventBridge().makeView(this))
     , list_(new ClipboardListView(artwork_, listActions(), keyCapture_))
-    , header_(new PanelHeader(artwork_->fonts(), {[this] { closePanel(); }, [this] { clearAll(); }}, this))
     , edge_(new CardEdgeView(artwork_, this))
     , observation_(appState.observe([this] { updateLater(); }))
 {
     keyCapture_->setAccessibleName(tr("Clipboard history"));
+    // On the next turn: the toolkit announces that the list as a whole has the focus, and the row comes
+    // after.
+    connect(
+        keyCapture_, &KeyCaptureView::focusDidArrive, this,
+        [this] {
+            if (auto* accessible = AccessibleHistoryList::ofInterest(*this))
+                accessible->focusDidArrive();
+        },
+        Qt::QueuedConnection);
 }
 
 ClipboardPanelView::~ClipboardPanelView() = default;
@@ -82,6 +92,8 @@ void ClipboardPanelView::updateNow()
     tint_->setColor(panelStyle::black(*state->panelTintOpacity));
     header_->setItemCount(ordered.size());
     updateContentList(ordered);
+    if (auto* accessible = AccessibleHistoryList::ofInterest(*this))
+        accessible->itemsDidChange();
     keyboardEventBridge().updateView(*keyCapture_);
 
     if (auto ids = identifiers(ordered); ids != shownItemIDs_) {
@@ -167,11 +179,13 @@ void ClipboardPanelView::selectItem(UUID id)
 
 void ClipboardPanelView::setSelectedItemID(std::optional<UUID> id, Reveal reveal)
 {
-    selectedItemID_ = id;
+    const auto before = std::exchange(selectedItemID_, id);
     list_->setSelectedItemID(id);
     keyCapture_->ensureFocus();
     if (id && reveal == Reveal::yes)
         list_->reveal(*id);
+    if (auto* accessible = AccessibleHistoryList::ofInterest(*this))
+        accessible->selectionDidChange(before);
 }
 
 void ClipboardPanelView::pointerEntered(UUID id)
@@ -294,13 +308,25 @@ void ClipboardPanelView::showContextMenu(UUID id, QPoint place)
     });
 }
 
+void ClipboardPanelView::showContextMenuOfSelectedRow()
+{
+    bringUpToDate();
+    if (!selectedItemID_)
+        return;
+    list_->reveal(*selectedItemID_);
+    const auto row = list_->rowRectangle(*selectedItemID_);
+    if (!row)
+        return;
+    showContextMenu(*selectedItemID_, list_->mapToGlobal(row->center()));
+    if (contextMenu_)
+        contextMenu_->setActiveAction(contextMenu_->actions().constFirst());
+}
+
 void ClipboardPanelView::contextMenuEvent(QContextMenuEvent* event)
 {
-    if (event->reason() != QContextMenuEvent::Keyboard || !selectedItemID_)
+    if (event->reason() != QContextMenuEvent::Keyboard)
         return event->ignore();
-    list_->reveal(*selectedItemID_);
-    if (const auto row = list_->rowRectangle(*selectedItemID_))
-        showContextMenu(*selectedItemID_, list_->mapToGlobal(row->center()));
+    showContextMenuOfSelectedRow();
 }
 
 void ClipboardPanelView::keyPressEvent(QKeyEvent* event)
@@ -308,6 +334,9 @@ void ClipboardPanelView::keyPressEvent(QKeyEvent* event)
     // The system's exit command, whatever key that is.
     if (event->matches(QKeySequence::Cancel) || event->key() == Qt::Key_Cancel)
         return closePanel();
+    // The toolkit makes a request for the context menu of the Menu key only.
+    if (event->key() == Qt::Key_F10 && event->modifiers() == Qt::ShiftModifier)
+        return showContextMenuOfSelectedRow();
     QWidget::keyPressEvent(event);
 }
 

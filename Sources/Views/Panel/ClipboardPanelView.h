@@ -48,6 +48,8 @@ public:
     void pointerEntered(UUID id);
     void pointerLeft(UUID id);
     void showContextMenu(UUID id, QPoint place);
+    /// The same beside the selected row, for the keys: the first item is chosen. Does nothing without one.
+    void showContextMenuOfSelectedRow();
     void closePanel();
     void clearAll();
     /// @}
@@ -94,12 +96,13 @@ private:
     /// A key has moved the selected row within the list, and the next update shows where to.
     bool revealsSelectionNext_ = false;
 
+    // In the order in which they are read out.
     VisualEffectView* material_;
     ColorView* tint_;
+    PanelHeader* header_;
     KeyCaptureView* keyCapture_;
     ClipboardListView* list_;
     EmptyStateView* emptyState_ = nullptr; ///< Made when it is first needed.
-    PanelHeader* header_;
     QWidget* edge_;
     QPointer<RowContextMenu> contextMenu_;
     Token observation_;

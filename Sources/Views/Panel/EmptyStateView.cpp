@@ -1,7 +1,5 @@
 #include "Panel/EmptyStateView.h"
 
-#include <QtWidgets/QLabel>
-
 #include "Panel/PanelFonts.h"
 #include "Panel/PanelLabel.h"
 #include "Panel/PanelStyle.h"
@@ -13,8 +11,8 @@ using namespace panelStyle;
 EmptyStateView::EmptyStateView(const PanelFonts& fonts, QWidget* parent)
     : QWidget(parent)
     , fonts_(fonts)
-    , title_(makePanelLabel(tr("Clipboard is empty"), fonts.emptyTitle, emptyState::titleOpacity, this))
-    , hint_(makePanelLabel(tr("Copy something and it will appear here."), fonts.emptyHint,
+    , title_(new PanelLabel(tr("Clipboard is empty"), fonts.emptyTitle, emptyState::titleOpacity, this))
+    , hint_(new PanelLabel(tr("Copy something and it will appear here."), fonts.emptyHint,
                            emptyState::hintOpacity, this))
 {
     title_->setAlignment(Qt::AlignCenter);

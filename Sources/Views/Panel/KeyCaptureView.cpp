@@ -53,6 +53,12 @@ void KeyCaptureView::showEvent(QShowEvent* event)
     ensureFocus();
 }
 
+void KeyCaptureView::focusInEvent(QFocusEvent* event)
+{
+    QWidget::focusInEvent(event);
+    emit focusDidArrive();
+}
+
 void KeyCaptureView::keyPressEvent(QKeyEvent* event)
 {
     const auto action = panelAction(virtualKeyEvent(*event));

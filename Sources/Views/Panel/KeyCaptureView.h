@@ -26,7 +26,12 @@ public:
     /// window.
     void ensureFocus();
 
+signals:
+    /// The keyboard focus has come, or has come back from a menu.
+    void focusDidArrive();
+
 protected:
+    void focusInEvent(QFocusEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
     void showEvent(QShowEvent* event) override;
     bool event(QEvent* event) override;

@@ -1,6 +1,5 @@
 #include "Panel/PanelHeader.h"
 
-#include <QtWidgets/QLabel>
 #include <QtWidgets/QStyle>
 
 #include <algorithm>
@@ -18,8 +17,9 @@ using namespace panelStyle;
 PanelHeader::PanelHeader(const PanelFonts& fonts, Actions actions, QWidget* parent)
     : QWidget(parent)
     , fonts_(fonts)
-    , title_(makePanelLabel(tr("Clipboard"), fonts.title, header::titleOpacity, this))
-    , itemCount_(makePanelLabel({}, fonts.itemCount, header::itemCountOpacity, this))
+    , title_(new PanelLabel(tr("Clipboard"), fonts.title, header::titleOpacity, this,
+                            PanelLabel::Purpose::heading))
+    , itemCount_(new PanelLabel({}, fonts.itemCount, header::itemCountOpacity, this))
     , close_(new HeaderAction(tr("Close"), fonts, std::move(actions.onClose), this))
     , clearAll_(new HeaderAction(tr("Clear all"), fonts, std::move(actions.onClearAll), this))
 {

@@ -78,4 +78,24 @@ bool BusClient::askObject(const std::string& name, const std::string& path, Dead
     return ask(connection_, call, deadline) != nullptr;
 }
 
+void BusClient::setProperty(const std::string& name, const std::string& path,
+                            const std::string& interfaceName, const std::string& property, bool value)
+{
+    const Message call(
+        dbus_message_new_method_call(name.c_str(), path.c_str(), DBUS_INTERFACE_PROPERTIES, "Set"));
+    const char* interfaceText = interfaceName.c_str();
+    const char* propertyText = property.c_str();
+    const dbus_bool_t number = value ? 1 : 0;
+    DBusMessageIter arguments;
+    DBusMessageIter variant;
+    dbus_message_iter_init_append(call.get(), &arguments);
+    dbus_message_iter_append_basic(&arguments, DBUS_TYPE_STRING, &interfaceText);
+    dbus_message_iter_append_basic(&arguments, DBUS_TYPE_STRING, &propertyText);
+    dbus_message_iter_open_container(&arguments, DBUS_TYPE_VARIANT, DBUS_TYPE_BOOLEAN_AS_STRING, &variant);
+    dbus_message_iter_append_basic(&variant, DBUS_TYPE_BOOLEAN, &number);
+    dbus_message_iter_close_container(&arguments, &variant);
+    if (!ask(connection_, call, Deadline()))
+        throw DesktopFailure(name + " does not set " + property);
+}
+
 } // namespace tessel::desktop
