@@ -2,6 +2,18 @@
 <!DOCTYPE TS>
 <TS version="2.1" language="de" sourcelanguage="en">
 <context>
+    <name>AccessibleHistoryRow</name>
+    <message>
+        <source>%1, pinned, %2</source>
+        <extracomment>An entry&apos;s kind and the time at which it was copied.</extracomment>
+        <translation>%1, angeheftet, %2</translation>
+    </message>
+    <message>
+        <source>%1, %2</source>
+        <translation>%1, %2</translation>
+    </message>
+</context>
+<context>
     <name>Core</name>
     <message>
         <source>Text</source>
