@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <functional>
 #include <map>
 #include <numbers>
 #include <numeric>
@@ -43,6 +44,17 @@ public:
         values_.insert({name, {value, place}});
     }
 
+    /// Runs `measure`, which notes what it finds. Where it finds nothing it throws.
+    static void take(const std::string& subject, const std::function<void()>& measure)
+    {
+        try {
+            measure();
+        } catch (const std::exception& failure) {
+            ADD_FAILURE() << subject
+                          << ": expected its parts to be where they can be measured: " << failure.what();
+        }
+    }
+
     void expectAsDesigned(double scale) const
     {
         for (const PanelMeasure& designed : panelMeasures) {
@@ -77,12 +89,16 @@ private:
             return (hasWholePixels ? 0.6 : 1) / scale + rounding; // Each edge is on the nearest pixel.
         case Unit::pen:
             return 0.3 + 0.8 / scale;
+        case Unit::filled:
+            return 0.4 + 0.8 / scale;
         case Unit::centre:
             return 0.5 + 0.6 / scale; // Frames lie on whole points.
         case Unit::width:
             return 0.08 + 0.1 / scale;
         case Unit::size:
             return hasWholePixels ? 0.1 : 0.5; // A view may cut off what its text has of a pixel.
+        case Unit::tracking:
+            return hasWholePixels ? 0.04 + 0.2 / scale : 0.5; // It is told with the size.
         case Unit::radius:
             return 0.25 + 1.1 / scale;
         case Unit::opacity:
@@ -216,6 +232,7 @@ void noteText(Measurements& measurements, const std::string& name, const Measure
 {
     measurements.note(name + ".size", text.size);
     measurements.note(name + ".weight", text.weight);
+    measurements.note(name + ".tracking", text.tracking);
     measurements.note(name + ".opacity", text.opacity);
 }
 
@@ -426,7 +443,6 @@ Span measureCaption(Measurements& measurements, const MeasuredPicture& picture, 
     const Span columns = {picture.pixels(cardEdge), picture.pixels(endOfTexts)};
     const MeasuredText caption = measuredText(picture, columns, rows, 0, title);
     noteText(measurements, "sectionHeader.caption", caption);
-    measurements.note("sectionHeader.caption.tracking", caption.tracking);
     measurements.note("sectionHeader.leftPadding",
                       picture.points(caption.columns.start - below.columns.start));
     measurements.note("list.spacing", picture.points(below.rows.start - caption.rows.end), "below " + title);
@@ -471,6 +487,7 @@ Span measureMetadata(Measurements& measurements, const MeasuredPicture& picture,
     const Span symbol = parts.at(kindLetters);
     const Span symbolRows =
         picture.brightRows(symbol, line, fill + (picture.brightest(symbol, line) - fill) / 2).at(0);
+    measurements.note("row.pin.height, less the drawing's margins", picture.points(symbolRows.length()));
     measurements.note("row.pin.opacity",
                       static_cast<double>(picture.brightest(symbol, line) - fill) / (white - fill));
     measurements.note(
@@ -488,8 +505,8 @@ void measureTextRow(Measurements& measurements, const MeasuredPicture& picture, 
 {
     const int left = row.columns.start + picture.pixels(outlineReach);
     const auto lines = linesInRow(picture, row, left);
-    const MeasuredText title =
-        measuredText(picture, {left, picture.pixels(endOfTexts)}, lines.at(0), fillOf(picture, row), "Zz");
+    const MeasuredText title = measuredText(picture, {left, picture.pixels(endOfTexts)}, lines.at(0),
+                                            fillOf(picture, row), "Zzzzzzz");
     noteText(measurements, "row.title", title);
     const Span metadata = measureMetadata(measurements, picture, row, lines.at(1), pin);
     measurements.note("row.leftPadding", picture.points(title.columns.start - row.columns.start), "text");
@@ -518,14 +535,14 @@ void measureImageRow(Measurements& measurements, const MeasuredPicture& picture,
                       picture.points(picture.brightColumns(texts, inside, edge).at(0).start - columns.end));
 }
 
-void measureList(Measurements& measurements, double scale, int top)
+void measureList(Measurements& measurements, double scale)
 {
     BlackDesktop desktop(scale);
     desktop.copy("Selected");
     desktop.copy(whiteImage());
-    desktop.copy("Zz");
-    desktop.copy("Zz ");
-    desktop.pin("Zz ");
+    desktop.copy("Zzzzzzz");
+    desktop.copy("Zzzzzzz ");
+    desktop.pin("Zzzzzzz ");
     desktop.openPanel();
     desktop.view().selectItem(desktop.item("Selected").id);
     const MeasuredPicture picture = desktop.picture();
@@ -541,6 +558,7 @@ void measureList(Measurements& measurements, double scale, int top)
     measurements.note("list.spacing", spacing, "between rows");
 
     const int reach = picture.pixels(outlineReach);
+    const int top = topOfList(scale);
     const Span first =
         measureCaption(measurements, picture, {top, pinned.rows.start - reach}, pinned, "PINNED");
     const Span second = measureCaption(
@@ -559,7 +577,7 @@ void measureLongTitle(Measurements& measurements, double scale)
 {
     BlackDesktop desktop(scale);
     desktop.copy("Plain");
-    desktop.copy(std::string(500, 'h'));
+    desktop.copy(std::string(700, '|'));
     desktop.openPanel();
     desktop.view().selectItem(desktop.item("Plain").id);
     const MeasuredPicture picture = desktop.picture();
@@ -572,12 +590,14 @@ void measureLongTitle(Measurements& measurements, double scale)
             .at(0);
     const Span columns = {picture.pixels(rowEdge) - picture.pixels(outlineReach),
                           picture.width() - picture.pixels(rowEdge)};
-    // Away from the ellipsis at their end the lines, which are of small letters, are well apart.
-    const Span beginning = {columns.start, picture.pixels(endOfTexts)};
-    const auto lines = linesOfText(picture, beginning, rows, picture.level(column, rows.middle()));
+    const Span beginning = {columns.start, picture.pixels(60)}; // The ellipsis, which is tall, comes later.
+    const int fill = picture.level(column, rows.middle());
+    const auto lines = linesOfText(picture, beginning, rows, fill);
     measurements.note("row.title.lines", static_cast<double>(lines.size()) - 1);
-    measurements.note("row.title.letters on a line",
-                      static_cast<double>(picture.brightColumns(columns, lines.at(0), 140).size()));
+    const auto letters = picture.brightColumns(columns, lines.at(0), fill + 50); // Thin letters are pale.
+    const double lastGap = MeasuringFont::thinAdvance / 2 * 13.5;
+    measurements.note("row.title.width",
+                      picture.points(letters.back().end - letters.front().start) + lastGap);
 }
 
 // The states of a row
@@ -745,6 +765,21 @@ void measureGlyph(Measurements& measurements, double scale)
     measurements.note("preview.glyphOpacity", static_cast<double>(ink - fill) / (white - fill));
 }
 
+void measureEmptyPanel(Measurements& measurements, double scale)
+{
+    BlackDesktop desktop(scale);
+    desktop.openPanel();
+    const MeasuredPicture picture = desktop.picture();
+    measurements.note("panel.width", picture.points(picture.width()));
+    measurements.note("panel.height of no entry", picture.points(picture.height()));
+    measureCard(measurements, picture);
+    measureCardsCorner(measurements, desktop);
+    const int top = topOfList(scale);
+    const int endOfHeadersTexts = measureHeader(measurements, picture);
+    measurements.note("header.bottomPadding", picture.points(top - endOfHeadersTexts));
+    measureEmptyState(measurements, picture, top);
+}
+
 class PanelMeasures : public testing::TestWithParam<double> {
 protected:
     MeasuringFont font_;
@@ -754,26 +789,14 @@ TEST_P(PanelMeasures, AreThoseOfTheDesign)
 {
     const double scale = GetParam();
     Measurements measurements;
-    const int top = topOfList(scale);
-    {
-        BlackDesktop desktop(scale);
-        desktop.openPanel();
-        const MeasuredPicture picture = desktop.picture();
-        measurements.note("panel.width", picture.points(picture.width()));
-        measurements.note("panel.height of no entry", picture.points(picture.height()));
-        measureCard(measurements, picture);
-        measureCardsCorner(measurements, desktop);
-        const int end = measureHeader(measurements, picture);
-        measurements.note("header.bottomPadding", picture.points(top - end));
-        measureEmptyState(measurements, picture, top);
-    }
-    measureTint(measurements, scale);
-    measureList(measurements, scale, top);
-    measureEndOfList(measurements, scale);
-    measureLongTitle(measurements, scale);
-    measureStates(measurements, scale);
-    measureShadow(measurements, scale);
-    measureGlyph(measurements, scale);
+    measurements.take("the empty panel", [&] { measureEmptyPanel(measurements, scale); });
+    measurements.take("the tint", [&] { measureTint(measurements, scale); });
+    measurements.take("the list", [&] { measureList(measurements, scale); });
+    measurements.take("the list's end", [&] { measureEndOfList(measurements, scale); });
+    measurements.take("a long title", [&] { measureLongTitle(measurements, scale); });
+    measurements.take("a row's states", [&] { measureStates(measurements, scale); });
+    measurements.take("the shadow", [&] { measureShadow(measurements, scale); });
+    measurements.take("the glyph", [&] { measureGlyph(measurements, scale); });
     measurements.expectAsDesigned(scale);
 }
 

@@ -32,7 +32,7 @@ constexpr std::array weights = {NamedWeight{300, "Light"}, NamedWeight{400, "Reg
                                 NamedWeight{500, "Medium"}, NamedWeight{600, "SemiBold"},
                                 NamedWeight{700, "Bold"}};
 
-enum Glyph : quint16 { missing, space, capital, small, glyphCount };
+enum Glyph : quint16 { missing, space, capital, small, thin, glyphCount };
 
 /// The big-endian numbers that font files (OpenType, ISO/IEC 14496-22) are made of.
 class Bytes {
@@ -128,7 +128,7 @@ QByteArray characterMap()
     Bytes glyphs;
     for (int character = u' '; character <= lastLatin; ++character) {
         const bool isSmall = character >= u'a' && character <= u'z';
-        glyphs.u16({character == u' ' ? space : isSmall ? small : capital});
+        glyphs.u16({character == u' ' ? space : character == u'|' ? thin : isSmall ? small : capital});
     }
     const int length = 16 + 8 * segments + 2 * latinCount;
     return Bytes()
@@ -167,17 +167,19 @@ QByteArray names(const char* style)
 QByteArray fontFile(const NamedWeight& weight)
 {
     constexpr int advance = static_cast<int>(MeasuringFont::advance * unitsPerEm);
+    constexpr int thinAdvance = static_cast<int>(MeasuringFont::thinAdvance * unitsPerEm);
     const int width = static_cast<int>(widthOfNoWeight + widthPerWeight * weight.weight);
     const QByteArray capitalBox = boxGlyph(width, unitsPerEm);
     const int box = static_cast<int>(capitalBox.size()) / 2;
     const std::array<std::pair<const char*, QByteArray>, 10> tables = {{
         {"OS/2", systemMetrics(weight.weight, advance)},
         {"cmap", characterMap()},
-        {"glyf", capitalBox + boxGlyph(width, unitsPerEm / 2)},
+        {"glyf", capitalBox + boxGlyph(width, unitsPerEm / 2) + boxGlyph(thinAdvance / 2, unitsPerEm / 2)},
         {"head", header(weight.weight >= 700)},
         {"hhea", horizontalHeader(advance)},
-        {"hmtx", Bytes().u16({advance, 0, advance, 0, advance, 0, advance, 0})},
-        {"loca", Bytes().u16({0, 0, 0, box, 2 * box})}, // Nothing for the missing glyph and the space.
+        {"hmtx", Bytes().u16({advance, 0, advance, 0, advance, 0, advance, 0, thinAdvance, 0})},
+        {"loca",
+         Bytes().u16({0, 0, 0, box, 2 * box, 3 * box})}, // Nothing for the missing glyph and the space.
         {"maxp", maximumProfile()},
         {"name", names(weight.name)},
         {"post", Bytes().u32({0x00030000, 0}).zeros(24)},
