@@ -1,4 +1,4 @@
-#include "Support/MeasuredPicture.h"
+#include "Measures/MeasuredPicture.h"
 
 #include <algorithm>
 #include <cmath>

@@ -1,4 +1,4 @@
-#include "Support/MeasuringFont.h"
+#include "Measures/MeasuringFont.h"
 
 #include <array>
 #include <stdexcept>

@@ -6,6 +6,9 @@
 
 namespace tessel::test {
 
+/// The level of white; black's is 0.
+inline constexpr int white = 255;
+
 /// Whole device pixels in one direction, from `start` up to, not including, `end`.
 struct Span {
     int start;
@@ -29,7 +32,7 @@ public:
     int pixels(double points) const;
     double points(double pixels) const { return pixels / scale(); }
 
-    /// 0 (black or nothing) to 255 (white).
+    /// Nothing counts as black.
     int level(int x, int y) const { return qGreen(image_.pixel(x, y)); }
     /// The levels of a line of pixels: a column's `rows`, or a row's `columns`.
     std::vector<int> levelsOfColumn(int x, const Span& rows) const;
