@@ -212,30 +212,29 @@ void measureList(Measurements& measurements)
     measureRowsCorner(measurements, picture, recent);
 }
 
-void measureLongTitle(Measurements& measurements)
+void measureLongTitles(Measurements& measurements)
 {
-    const double scale = measurements.scale();
-    BlackDesktop desktop(scale);
+    BlackDesktop desktop(measurements.scale());
     desktop.copy("Plain");
+    desktop.copy(std::string(500, 'h'));
     desktop.copy(std::string(700, '|'));
     desktop.openPanel();
     desktop.view().selectItem(desktop.item("Plain").id);
     const MeasuredPicture picture = desktop.picture();
-    // The title leaves a column free, inside the row's left edge, in which the caption ends before it as
-    // well.
+    // The titles leave a column free, just inside the rows' left edge. The caption begins right of it.
     const int column = picture.pixels(10);
     constexpr int halfFill = 13;
-    const Span rows =
-        picture.brightRows({column, column + 1}, {picture.pixels(cardEdge), picture.height()}, halfFill)
-            .at(0);
-    const Span columns = {picture.pixels(rowEdge) - picture.pixels(outlineReach),
-                          picture.width() - picture.pixels(rowEdge)};
+    const auto rows =
+        picture.brightRows({column, column + 1}, {picture.pixels(cardEdge), picture.height()}, halfFill);
+    const int fill = picture.level(column, rows.at(0).middle());
+    const Span columns = {picture.pixels(rowEdge - outlineReach), picture.width() - picture.pixels(rowEdge)};
     const Span beginning = {columns.start, picture.pixels(60)}; // The ellipsis, which is tall, comes later.
-    const int fill = picture.level(column, rows.middle());
-    const auto lines = linesOfText(picture, beginning, rows, fill);
-    measurements.note("row.title.lines", static_cast<double>(lines.size()) - 1);
-    const auto letters = picture.brightColumns(columns, lines.at(0), fill + 50); // Thin letters are pale.
-    const double lastGap = MeasuringFont::thinAdvance / 2 * 13.5;
+    measurements.note("row.title.lines",
+                      static_cast<double>(linesOfText(picture, beginning, rows.at(1), fill).size()) - 1);
+
+    const Span thin = linesOfText(picture, beginning, rows.at(0), fill).at(0);
+    const auto letters = picture.brightColumns(columns, thin, fill + 50); // Thin letters are pale.
+    constexpr double lastGap = MeasuringFont::thinAdvance / 2 * 13.5;
     measurements.note("row.title.width",
                       picture.points(letters.back().end - letters.front().start) + lastGap);
 }

@@ -17,7 +17,7 @@ class MeasuringFont {
 public:
     /// How far the pen moves for a letter and for a space, as a part of the font's size.
     static constexpr double advance = 0.8;
-    static constexpr double thinAdvance = 0.06;
+    static constexpr double thinAdvance = 0.055;
     /// The weight of letters whose boxes have that width, as a part of the font's size.
     static double weightOf(double width);
 

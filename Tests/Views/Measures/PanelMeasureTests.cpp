@@ -23,7 +23,7 @@ TEST_P(PanelMeasures, AreThoseOfTheDesign)
     measurements.take("the tint", [&] { measureTint(measurements); });
     measurements.take("the list", [&] { measureList(measurements); });
     measurements.take("the list's end", [&] { measureEndOfList(measurements); });
-    measurements.take("a long title", [&] { measureLongTitle(measurements); });
+    measurements.take("long titles", [&] { measureLongTitles(measurements); });
     measurements.take("a row's states", [&] { measureRowStates(measurements); });
     measurements.take("the shadow", [&] { measureRowShadow(measurements); });
     measurements.take("the glyph", [&] { measureGlyph(measurements); });

@@ -32,7 +32,7 @@ void measureEmptyPanel(Measurements& measurements);
 void measureTint(Measurements& measurements);
 void measureList(Measurements& measurements);
 void measureEndOfList(Measurements& measurements);
-void measureLongTitle(Measurements& measurements);
+void measureLongTitles(Measurements& measurements);
 /// The four combinations of selected and hovered.
 void measureRowStates(Measurements& measurements);
 void measureRowShadow(Measurements& measurements);
