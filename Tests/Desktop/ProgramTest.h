@@ -24,7 +24,7 @@ using namespace std::chrono_literals;
 class ProgramTest : public testing::Test {
 protected:
     explicit ProgramTest(DesktopOptions options = {})
-        : desktop_(options)
+        : desktop_(std::move(options))
     {
         // Away from everything, with room for the panel.
         desktop_.pointer().moveTo(restingPlace);

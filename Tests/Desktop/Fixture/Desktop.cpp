@@ -3,6 +3,7 @@
 #include <array>
 #include <cmath>
 #include <cstdlib>
+#include <utility>
 
 namespace tessel::desktop {
 
@@ -40,9 +41,10 @@ Environment makeEnvironment(const TemporaryDirectory& directory)
 } // namespace
 
 Desktop::Desktop(DesktopOptions options)
-    : options_(options)
+    : options_(std::move(options))
     , environment_(makeEnvironment(directory_))
 {
+    environment_.insert(options_.variables.begin(), options_.variables.end());
     display_.emplace(options_.screen, environment_, options_.server);
     environment_["DISPLAY"] = display_->name();
     if (options_.bus == BusChoice::sessionBus) {

@@ -33,6 +33,8 @@ struct DesktopOptions {
     double scale = 1;
     ScaleSource scaleSource = ScaleSource::toolkitVariable;
     ServerChoice server = ServerChoice::usual;
+    /// Environment variables that programs have besides the usual ones.
+    Environment variables = {};
 };
 
 /// A complete desktop of its own: a virtual X server, a session bus, a window manager, an empty home

@@ -57,7 +57,7 @@ double Measurements::tolerance(Unit unit) const
     case Unit::size:
         return hasWholePixels ? 0.1 : 0.5; // A view may cut off what its text has of a pixel.
     case Unit::tracking:
-        return hasWholePixels ? 0.02 + 0.2 / scale_ : 0.5; // It is told with the size.
+        return hasWholePixels ? 0.01 + 0.16 / scale_ : 0.5; // It is told with the size.
     case Unit::radius:
         return 0.25 + 1.1 / scale_;
     case Unit::opacity:
