@@ -15,7 +15,7 @@ struct Language {
 class LanguageTest : public ProgramTest, public testing::WithParamInterface<Language> {
 protected:
     LanguageTest()
-        : ProgramTest({.language = GetParam().name})
+        : ProgramTest({.variables = {{"LANG", GetParam().name}}})
     {}
 };
 

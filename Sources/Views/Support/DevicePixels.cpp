@@ -1,6 +1,5 @@
 #include "Support/DevicePixels.h"
 
-#include <QtGui/QPaintDevice>
 #include <QtGui/QPainter>
 #include <QtGui/QTransform>
 
@@ -21,7 +20,7 @@ QRectF alignedToDevicePixels(const QPainter& painter, const QRectF& rectangle)
 
 double devicePixelRatio(const QPainter& painter)
 {
-    return painter.device()->devicePixelRatioF();
+    return painter.deviceTransform().m11();
 }
 
 } // namespace tessel

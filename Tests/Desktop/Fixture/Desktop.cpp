@@ -43,7 +43,8 @@ Desktop::Desktop(DesktopOptions options)
     : options_(std::move(options))
     , environment_(makeEnvironment(directory_))
 {
-    environment_["LANG"] = options_.language;
+    for (const auto& [name, value] : options_.variables)
+        environment_[name] = value;
     display_.emplace(options_.screen, environment_, options_.server);
     environment_["DISPLAY"] = display_->name();
     if (options_.bus == BusChoice::sessionBus) {

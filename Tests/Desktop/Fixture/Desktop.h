@@ -33,8 +33,8 @@ struct DesktopOptions {
     double scale = 1;
     ScaleSource scaleSource = ScaleSource::toolkitVariable;
     ServerChoice server = ServerChoice::usual;
-    /// The language of the session: `LANG`.
-    std::string language = "C.UTF-8";
+    /// Environment variables that programs have besides the usual ones, or in their place.
+    Environment variables = {};
 };
 
 /// A complete desktop of its own: a virtual X server, a session bus, a window manager, an empty home
