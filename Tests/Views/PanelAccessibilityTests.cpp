@@ -351,6 +351,15 @@ TEST_F(PanelAccessibility, TheDefaultActionOfARowPastesIt)
     EXPECT_EQ(desktop_.state->panelController, nullptr);
 }
 
+TEST_F(PanelAccessibility, ARowThatIsAskedToTakeTheFocusSaysThatItHasIt)
+{
+    openWith({"A", "B"});
+    act(row(1), QAccessibleActionInterface::setFocusAction());
+    EXPECT_THAT(takeHeard(), ElementsAre("not selected: item B", "selected: item A", "focus: item A"));
+    act(row(1), QAccessibleActionInterface::setFocusAction());
+    EXPECT_THAT(takeHeard(), ElementsAre("focus: item A"));
+}
+
 TEST_F(PanelAccessibility, ARowShowsItsMenuAndSaysSo)
 {
     openWith({"A", "B"});
