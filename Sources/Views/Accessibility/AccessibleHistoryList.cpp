@@ -3,7 +3,6 @@
 #include <QtWidgets/QApplication>
 
 #include <algorithm>
-#include <utility>
 
 #include "Accessibility/AccessibleHistoryRow.h"
 #include "Panel/ClipboardPanelView.h"
@@ -134,11 +133,6 @@ void AccessibleHistoryList::announceFocus() const
     }
 }
 
-void AccessibleHistoryList::focusDidArrive()
-{
-    announceFocus();
-}
-
 void AccessibleHistoryList::selectionDidChange(std::optional<UUID> before)
 {
     const auto now = panel_->selectedItemID();
@@ -191,40 +185,36 @@ void AccessibleHistoryList::announceGoneItems()
         if (panel_->list().item(id) != nullptr)
             continue;
         announceRemoval(position);
-        if (const auto row = rows_.extract(id))
-            QAccessible::deleteAccessibleInterface(row.mapped());
+        QAccessible::deleteAccessibleInterface(rows_.extract(id).mapped());
     }
 }
 
 void AccessibleHistoryList::announcePins()
 {
-    for (Shown& item : *announced_) {
-        const bool isPinned = panel_->list().isPinned(item.id);
-        if (std::exchange(item.isPinned, isPinned) != isPinned)
-            announce(item.id, QAccessible::DescriptionChanged);
+    for (std::size_t position = announced_->size(); position-- > 0;) {
+        const auto [id, wasPinned] = (*announced_)[position];
+        if (panel_->list().isPinned(id) == wasPinned)
+            continue;
+        announce(id, QAccessible::DescriptionChanged);
+        announceRemoval(position); // It has another place now, and is missed there.
     }
 }
 
 void AccessibleHistoryList::announcePlaces(const std::vector<Shown>& items)
 {
-    bool isSelectedItemMoved = false;
+    bool isSelectedRowMoved = false;
     for (std::size_t position = 0; position < items.size(); ++position) {
         const UUID id = items[position].id;
         const auto before = announcedPosition(id);
         if (before == position)
             continue;
-        if (before == position + 1) {
-            // The one that is here now has moved down, where it will be missed.
-            announceRemoval(position);
-            continue;
-        }
         if (before)
             announceRemoval(*before);
         announceInsertion(position, items[position]);
-        isSelectedItemMoved = isSelectedItemMoved || id == panel_->selectedItemID();
+        isSelectedRowMoved = isSelectedRowMoved || id == panel_->selectedItemID();
     }
-    // Who has been told that the focused row was removed is told where the focus is.
-    if (isSelectedItemMoved)
+    // Who has been told that the row with the focus was removed is told where the focus is.
+    if (isSelectedRowMoved)
         announceFocus();
 }
 

@@ -33,8 +33,9 @@ public:
     void itemsDidChange();
     /// Another entry is selected, or none.
     void selectionDidChange(std::optional<UUID> before);
-    /// The list has got the keyboard focus, or got it back from a menu.
-    void focusDidArrive();
+    /// Tells who has the focus here: the list has got it, or got it back from a menu. Nothing while it has
+    /// not.
+    void announceFocus() const;
 
     /// True while the user's keys arrive here, and not in a menu.
     bool hasKeyboard() const;
@@ -58,7 +59,6 @@ private:
     /// The row of an entry, made when it is first asked for. It stays the same while the entry is there.
     QAccessibleInterface* row(UUID id) const;
     void announce(UUID id, QAccessible::Event event) const;
-    void announceFocus() const;
     void announceGoneItems();
     void announcePins();
     void announcePlaces(const std::vector<Shown>& items);

@@ -117,7 +117,7 @@ void AccessibleHistoryRow::doAction(const QString& name)
         return panel_->pasteItem(id_);
     // Who asks a row that has the focus to take it wants to hear of it.
     if (auto* list = AccessibleHistoryList::ofInterest(*panel_); list != nullptr && state().selected)
-        list->focusDidArrive();
+        list->announceFocus();
     panel_->selectItem(id_);
     panel_->list().reveal(id_);
     if (name == showMenuAction())

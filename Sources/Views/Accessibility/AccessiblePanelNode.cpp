@@ -22,7 +22,7 @@ void collectNodes(const QWidget& widget, QList<QWidget*>& nodes)
 {
     for (QObject* child : widget.children()) {
         auto* childWidget = qobject_cast<QWidget*>(child);
-        if (childWidget == nullptr || childWidget->isWindow() || childWidget->isHidden())
+        if (childWidget == nullptr || childWidget->isWindow())
             continue;
         if (isNode(childWidget))
             nodes.append(childWidget);

@@ -56,7 +56,7 @@ ClipboardPanelView::ClipboardPanelView(AppState& appState, std::shared_ptr<Panel
         keyCapture_, &KeyCaptureView::focusDidArrive, this,
         [this] {
             if (auto* accessible = AccessibleHistoryList::ofInterest(*this))
-                accessible->focusDidArrive();
+                accessible->announceFocus();
         },
         Qt::QueuedConnection);
 }
