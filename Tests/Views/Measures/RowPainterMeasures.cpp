@@ -40,7 +40,7 @@ std::vector<ShadowSample> shadowSamples(double scale)
     QPainter painter(&image);
     PanelArtwork artwork;
     const RowText text = {RowTitle(QStringLiteral("T"), artwork.fonts(), 200), QStringLiteral("K"), {}};
-    RowPainter(painter, artwork).drawRow(rectangle, textItem(), text, {});
+    RowPainter(painter, artwork).row(rectangle, textItem(), text, {});
     painter.end();
     const MeasuredPicture picture(image);
     const int top = picture.pixels(rectangle.top());
@@ -107,7 +107,7 @@ void measureGlyph(Measurements& measurements)
     image.fill(Qt::black);
     QPainter painter(&image);
     PanelArtwork artwork;
-    RowPainter(painter, artwork).drawPreviewIcon({4, 4}, textItem());
+    RowPainter(painter, artwork).previewIcon({4, 4}, textItem());
     painter.end();
     const MeasuredPicture picture(image);
 
