@@ -157,6 +157,21 @@ TEST(RowDrawing, ShowsAnImagesThumbnailInItsFrame)
     }
 }
 
+TEST(RowDrawing, ShowsEachPixelOfAThumbnailAtTwiceTheScale)
+{
+    Thumbnail stripes;
+    for (int pixel = 0; pixel < Thumbnail::side * Thumbnail::side; ++pixel)
+        stripes.pixels.push_back(pixel % 2 == 0 ? 0xFF000000U : 0xFFFFFFFFU);
+    const auto image = FakeImage::withPNG("picture");
+    image->setThumbnail(std::move(stripes));
+    const DrawnRow large({UUID::random(), image, 0}, {}, 2);
+    for (int column = 0; column < Thumbnail::side; ++column)
+        EXPECT_EQ(large.greyAt(20 + column, 18 + 32), column % 2 == 0 ? 0 : 255) << column;
+    const DrawnRow small({UUID::random(), image, 0}, {}, 1);
+    for (int column = 1; column < 31; ++column)
+        EXPECT_NEAR(small.greyAt(10 + column, 9 + 16), 128, rounding) << column;
+}
+
 TEST(RowDrawing, FillsTheFrameOfAnImageWithoutAPicture)
 {
     const DrawnRow row({UUID::random(), FakeImage::withPNG("picture"), 0}, {}, 1);
@@ -226,6 +241,24 @@ TEST(ContinuousCorners, LeaveTheEdgeEarlierThanACircle)
     const QPainterPath path = continuousRoundedRectangle({0, 0, 100, 100}, 20);
     EXPECT_FALSE(path.contains(QPointF(20, 0.1)));
     EXPECT_TRUE(path.contains(QPointF(continuousCornerExtent(20) + 0.1, 0.1)));
+}
+
+TEST(ContinuousCorners, HaveNoJumpInTheirCurvature)
+{
+    const QPainterPath path = continuousRoundedRectangle({0, 0, 100, 100}, 20);
+    const double length = path.length();
+    constexpr double step = 0.25;
+    double sharpest = 0;
+    double curvatureBefore = 0;
+    const auto angleAt = [&](double distance) { return path.angleAtPercent(path.percentAtLength(distance)); };
+    for (double distance = step; distance < length / 4; distance += step) {
+        const double turn = std::remainder(angleAt(distance) - angleAt(distance - step), 360);
+        const double curvature = std::abs(turn) * std::acos(-1.0) / 180 / step;
+        EXPECT_NEAR(curvature, curvatureBefore, 0.012) << "at " << distance; // A circle's is 0.05.
+        curvatureBefore = curvature;
+        sharpest = std::max(sharpest, curvature);
+    }
+    EXPECT_LT(sharpest, 1.4 / 20);
 }
 
 TEST(ContinuousCorners, MakeACapsuleOfHalfTheHeight)

@@ -166,7 +166,8 @@ void RowPainter::drawGlyph(const QRectF& frame)
     painter_.save();
     painter_.setRenderHint(QPainter::Antialiasing);
     painter_.fillPath(continuousRoundedRectangle(frame, preview::cornerRadius), white(preview::fillOpacity));
-    painter_.drawImage(frame.topLeft() + QPointF(padding, padding), pictures_.textGlyph);
+    const QRectF glyph = frame.adjusted(padding, padding, -padding, -padding);
+    painter_.drawImage(alignedToDevicePixels(painter_, glyph).topLeft(), pictures_.textGlyph);
     painter_.restore();
 }
 

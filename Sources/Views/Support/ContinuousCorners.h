@@ -8,10 +8,10 @@ namespace tessel {
 /// circular one.
 double continuousCornerExtent(double radius);
 
-/// A rounded rectangle with continuous corners. Each corner is one curve like a quarter of a superellipse:
-/// it leaves the edge gently, with almost no curvature, and passes through the same point on the diagonal
-/// as the circle of that radius. Where the sides are too short for that it approaches the circle, so that
-/// half the height as radius gives a capsule. The radius is limited to half the shorter side.
+/// A rounded rectangle with continuous corners: a corner leaves its edge without any curvature, which then
+/// changes without a jump; around the diagonal it is an arc of the circle. Where the sides are too short for
+/// that it approaches the circle, so that half the height as radius gives a capsule. The radius is limited to
+/// half the shorter side.
 QPainterPath continuousRoundedRectangle(const QRectF& rectangle, double radius);
 
 } // namespace tessel

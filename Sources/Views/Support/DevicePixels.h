@@ -10,8 +10,8 @@ namespace tessel {
 /// is sharp at any scale. A painter that rotates gets the rectangle back as it is.
 QRectF alignedToDevicePixels(const QPainter& painter, const QRectF& rectangle);
 
-/// The number of device pixels to a point for that painter, which need not be its device's own: a widget can be
-/// rendered into a picture of another scale.
+/// The number of device pixels to a point for that painter, which need not be its device's own: a widget can
+/// be rendered into a picture of another scale.
 double devicePixelRatio(const QPainter& painter);
 
 } // namespace tessel

@@ -7,14 +7,18 @@
 namespace tessel::test {
 
 // Places that are free of texts, in points, and safely beside what is measured there.
-inline constexpr double cardEdge = 6; ///< The card's outline is nearer to it, in the corners too.
-inline constexpr double emptyColumn =
-    240; ///< Between the header's texts and its buttons, and right of all titles.
-inline constexpr double endOfTexts = 230; ///< What begins at the left ends before it.
-inline constexpr double endOfHeader = 70; ///< And above it there is nothing of the empty state.
-inline constexpr double rowEdge = 20;     ///< The rows' edges are nearer to the card's.
-inline constexpr double outlineReach =
-    5; ///< No outline reaches further from the edge of a row; its contents do.
+/// The card's outline is nearer to its edge, in the corners too.
+inline constexpr double cardEdge = 6;
+/// A column between the header's texts and its buttons, and right of all titles.
+inline constexpr double emptyColumn = 240;
+/// What begins at the left ends before it.
+inline constexpr double endOfTexts = 230;
+/// So does the header, and nothing of the empty state begins above it.
+inline constexpr double endOfHeader = 70;
+/// The rows' edges are nearer to the card's.
+inline constexpr double rowEdge = 20;
+/// No outline reaches further from the edge of a row; its contents do.
+inline constexpr double outlineReach = 5;
 
 /// The radius of a corner that passes the diagonal at that inset: a circle's.
 inline double radiusOf(double inset)
