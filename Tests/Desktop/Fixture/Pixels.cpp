@@ -61,16 +61,21 @@ Picture Pixels::readQuietScreen() const
     return picture;
 }
 
-void Pixels::paintBackground(Colour colour) const
+void Pixels::paintBackground(const Picture& tile) const
 {
     auto* connection = connection_.get();
-    const auto pixel = static_cast<std::uint32_t>(colour[0] << 16 | colour[1] << 8 | colour[2]);
+    std::vector<std::uint8_t> bytes;
+    for (const Colour& colour : tile.pixels)
+        bytes.insert(bytes.end(), {colour[2], colour[1], colour[0], 0});
+    const auto width = static_cast<std::uint16_t>(tile.width);
+    const auto height = static_cast<std::uint16_t>(tile.height);
+    const auto depth = connection_.screen().root_depth;
     const auto pixmap = xcb_generate_id(connection);
     const auto context = xcb_generate_id(connection);
-    constexpr xcb_rectangle_t whole{0, 0, 1, 1};
-    xcb_create_pixmap(connection, connection_.screen().root_depth, pixmap, connection_.root(), 1, 1);
-    xcb_create_gc(connection, context, pixmap, XCB_GC_FOREGROUND, &pixel);
-    xcb_poly_fill_rectangle(connection, pixmap, context, 1, &whole);
+    xcb_create_pixmap(connection, depth, pixmap, connection_.root(), width, height);
+    xcb_create_gc(connection, context, pixmap, 0, nullptr);
+    xcb_put_image(connection, XCB_IMAGE_FORMAT_Z_PIXMAP, pixmap, context, width, height, 0, 0, 0, depth,
+                  static_cast<std::uint32_t>(bytes.size()), bytes.data());
     xcb_free_gc(connection, context);
     xcb_change_window_attributes(connection, connection_.root(), XCB_CW_BACK_PIXMAP, &pixmap);
     // By these names compositors find the picture to put behind the windows; it lives as long as this

@@ -18,8 +18,9 @@ public:
     /// the programs.
     Picture readQuietScreen() const;
     Colour at(int x, int y) const;
-    /// Paints the empty desktop in one colour.
-    void paintBackground(Colour colour) const;
+    /// Paints the empty desktop with a picture, again and again, or in one colour.
+    void paintBackground(const Picture& tile) const;
+    void paintBackground(Colour colour) const { paintBackground(Picture{1, 1, {colour}}); }
 
 private:
     XConnection& connection_;
