@@ -100,17 +100,17 @@ TEST_P(BlurredBackdropTest, WideStripesShowThroughWithoutTheirEdges)
 {
     const int width = pixels(200);
     desktop_.pixels().paintBackground(stripes(width, red, green));
-    // The card lies on a red stripe and on the green one at its right.
-    desktop_.pointer().moveTo({2 * width - pixels(12), pixels(30)});
+    // The card lies on a green stripe, on the red one at its right, and a little on the next.
+    desktop_.pointer().moveTo({width - pixels(12), pixels(30)});
     const Picture strip = openAndReadBareStrip();
     expectNoEdges(strip);
     const Colour& left = strip.at(pixels(80), strip.height / 2);
     const Colour& right = strip.at(pixels(280), strip.height / 2);
-    EXPECT_GT(left[0], left[1] + 8);
-    EXPECT_GT(right[1], right[0] + 8);
+    EXPECT_GT(left[1], left[0] + 8);
+    EXPECT_GT(right[0], right[1] + 8);
     for (const Colour& colour : strip.pixels) {
-        EXPECT_LE(brightest(colour), 50);
-        EXPECT_LE(saturation(colour), 0.7);
+        ASSERT_LE(brightest(colour), 50);
+        ASSERT_LE(saturation(colour), 0.8);
     }
 }
 
@@ -120,7 +120,8 @@ TEST_P(BlurredBackdropTest, NarrowStripesBecomeOneColour)
     const Picture strip = openAndReadBareStrip();
     const Colour& middle = strip.at(strip.width / 2, strip.height / 2);
     for (const Colour& colour : strip.pixels)
-        ASSERT_LE(difference(colour, middle), 2);
+        ASSERT_LE(difference(colour, middle), 2)
+            << testing::PrintToString(colour) << " and " << testing::PrintToString(middle);
     EXPECT_LE(std::abs(middle[0] - middle[1]), 6);
 }
 

@@ -191,6 +191,7 @@ TEST(PanelWindow, HasItsCornersCutWhereNothingShinesThrough)
     EXPECT_TRUE(shape.contains(QPoint(0, 110)));
     desktop.copyAll({"A", "B"});
     runMainLoop();
+    desktop.application->setActive(true);
     EXPECT_EQ(regionOf(desktop.nativeWindows.shape).boundingRect(), desktop.window().rect());
     desktop.application->setActive(false);
 

@@ -4,6 +4,7 @@
 #include <vector>
 
 #include <QtGui/QImage>
+#include <QtGui/QWindow>
 
 #include "Panel/ClipboardPanelView.h"
 #include "Panel/PanelStyle.h"
@@ -53,6 +54,8 @@ std::array<PixelRectangle, cardCornerCount> PanelBackdrop::cornerRectangles(cons
 
 void PanelBackdrop::windowWillShow()
 {
+    // The toolkit would tell the window of its place only when it shows it.
+    window_.windowHandle()->setGeometry(window_.geometry());
     blending_ =
         nativeWindows_.blendsTranslucentWindows() ? WindowBlending::translucent : WindowBlending::opaque;
     isBlurred_ = nativeWindows_.blursBehindWindows();

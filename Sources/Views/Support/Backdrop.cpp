@@ -11,7 +11,7 @@ namespace tessel {
 namespace {
 
 /// What is left of the difference between a colour and the grey of its brightness.
-constexpr float saturation = 0.6F;
+constexpr float saturation = 0.7F;
 constexpr float brightest = 255;
 
 /// Rec. 709, which sRGB shares.
