@@ -17,6 +17,14 @@ namespace {
 
 using testing::ElementsAre;
 
+QRegion regionOf(const PixelRegion& rectangles)
+{
+    QRegion region;
+    for (const PixelRectangle& rectangle : rectangles)
+        region += QRect(rectangle.x, rectangle.y, rectangle.width, rectangle.height);
+    return region;
+}
+
 } // namespace
 
 TEST(PanelWindow, CanHaveTheFocusAndIsNeverTheMainWindow)
@@ -170,22 +178,26 @@ TEST(PanelWindow, HasItsCornersCutWhereNothingShinesThrough)
 {
     PanelDesktop desktop;
     desktop.openPanel();
-    EXPECT_TRUE(desktop.window().mask().isEmpty());
+    EXPECT_TRUE(desktop.nativeWindows.shape.empty());
     desktop.application->setActive(false);
 
     desktop.nativeWindows.blends = false;
     desktop.openPanel();
-    const QRegion shape = desktop.window().mask();
+    const QRegion shape = regionOf(desktop.nativeWindows.shape);
     EXPECT_EQ(shape.boundingRect(), desktop.window().rect());
     EXPECT_FALSE(shape.contains(QPoint(1, 1)));
     EXPECT_FALSE(shape.contains(QPoint(458, 218)));
     EXPECT_TRUE(shape.contains(QPoint(5, 5)));
     EXPECT_TRUE(shape.contains(QPoint(0, 110)));
+    desktop.copyAll({"A", "B"});
+    runMainLoop();
+    desktop.application->setActive(true);
+    EXPECT_EQ(regionOf(desktop.nativeWindows.shape).boundingRect(), desktop.window().rect());
     desktop.application->setActive(false);
 
     desktop.nativeWindows.blends = true;
     desktop.openPanel();
-    EXPECT_TRUE(desktop.window().mask().isEmpty());
+    EXPECT_TRUE(desktop.nativeWindows.shape.empty());
 }
 
 TEST(ScreenSpace, TurnsTheVerticalAxisRound)

@@ -1,8 +1,11 @@
 #pragma once
 
 #include <cstdint>
+#include <span>
+#include <vector>
 
-#include "Geometry.h"
+#include "PixelRectangle.h"
+#include "ScreenPicture.h"
 
 namespace tessel {
 
@@ -30,6 +33,19 @@ public:
     virtual void makeKeyAndOrderFront(NativeWindowHandle window) = 0;
     /// True while a compositing manager blends translucent windows (`_NET_WM_CM_Sn`, EWMH).
     virtual bool blendsTranslucentWindows() const = 0;
+
+    /// True while a compositing manager blurs what is behind windows that ask for it
+    /// (`_KDE_NET_WM_BLUR_BEHIND_REGION` on the root window).
+    virtual bool blursBehindWindows() const = 0;
+    /// Asks for that in a part of the window. Empty: nowhere any more.
+    virtual void blurBehind(NativeWindowHandle window, const PixelRegion& region) = 0;
+    /// Cuts a window to a shape. Empty: it is a whole rectangle again.
+    virtual void cutToShape(NativeWindowHandle window, const PixelRegion& shape) = 0;
+    /// What the screen shows at this moment where the window is or will be, in the order of the requests.
+    /// Waits for the window system once, however many they are. Pictures that cannot be taken are empty, all
+    /// of them where clients do not see the screen (Wayland).
+    virtual std::vector<ScreenPicture> picturesOfScreen(NativeWindowHandle window,
+                                                        std::span<const ScreenPictureRequest> requests) = 0;
 };
 
 } // namespace tessel

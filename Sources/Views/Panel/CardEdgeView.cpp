@@ -16,6 +16,12 @@ CardEdgeView::CardEdgeView(std::shared_ptr<PanelArtwork> artwork, QWidget* paren
     setAttribute(Qt::WA_TransparentForMouseEvents);
 }
 
+void CardEdgeView::setDesktop(CardCorners corners)
+{
+    desktop_ = std::move(corners);
+    update();
+}
+
 void CardEdgeView::paintEvent(QPaintEvent*)
 {
     QPainter painter(this);
@@ -25,6 +31,14 @@ void CardEdgeView::paintEvent(QPaintEvent*)
     pictures.cardShape.drawCorners(painter, card);
     painter.setCompositionMode(QPainter::CompositionMode_SourceOver);
     pictures.cardOutline.draw(painter, card);
+
+    const double pixel = 1 / tessel::devicePixelRatio(painter);
+    painter.setCompositionMode(QPainter::CompositionMode_DestinationOver);
+    for (const CardCorner& corner : desktop_) {
+        if (!corner.picture.isNull())
+            painter.drawImage(QRectF(QPointF(corner.place) * pixel, QSizeF(corner.picture.size()) * pixel),
+                              corner.picture);
+    }
 }
 
 } // namespace tessel

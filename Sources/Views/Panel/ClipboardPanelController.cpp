@@ -62,6 +62,7 @@ ClipboardPanelController::ClipboardPanelController(AppState& appState, const Pan
     : nativeWindows_(nativeWindows)
     , application_(application)
     , window_(new ClipboardPanelWindow)
+    , backdrop_(*window_, nativeWindows)
     , activityObservation_(application.observeActivity([this] { activityDidChange(); }))
 {
     window_->setGeometry(screenSpace::toToolkit(description.contentRect));
@@ -91,8 +92,9 @@ NativeWindowHandle ClipboardPanelController::handle() const
 void ClipboardPanelController::showWindow()
 {
     applyGeometry();
-    window_->setWindowBlending(nativeWindows_.blendsTranslucentWindows() ? WindowBlending::translucent
-                                                                         : WindowBlending::opaque);
+    // Once it is on the screen it would see itself.
+    if (!window_->isVisible())
+        backdrop_.windowWillShow();
     window_->show();
 }
 
@@ -150,14 +152,24 @@ void ClipboardPanelController::applyGeometry()
     // A window manager that is still placing the window would put it back to where it was shown.
     if (window_->isVisible() && !window_->windowHandle()->isExposed())
         return;
-    if (const auto geometry = std::exchange(nextGeometry_, std::nullopt))
-        window_->setGeometry(*geometry);
+    const auto geometry = std::exchange(nextGeometry_, std::nullopt);
+    if (!geometry)
+        return;
+    if (window_->isVisible())
+        backdrop_.windowWillChange(*geometry);
+    window_->setGeometry(*geometry);
+    if (window_->isVisible())
+        backdrop_.fit();
 }
 
 bool ClipboardPanelController::eventFilter(QObject*, QEvent* event)
 {
-    if (event->type() == QEvent::Expose && nextGeometry_)
+    if (event->type() != QEvent::Expose)
+        return false;
+    if (nextGeometry_)
         scheduleGeometry();
+    if (window_->isVisible())
+        backdrop_.fit();
     return false;
 }
 

@@ -9,6 +9,7 @@
 #include "Application.h"
 #include "NativeWindows.h"
 #include "Panel/ClipboardPanelWindow.h"
+#include "Panel/PanelBackdrop.h"
 #include "Panel/PanelDescription.h"
 #include "Token.h"
 #include "WindowController.h"
@@ -58,6 +59,7 @@ private:
     NativeWindows& nativeWindows_;
     Application& application_;
     std::unique_ptr<ClipboardPanelWindow, Retirement> window_;
+    PanelBackdrop backdrop_;
     std::optional<QRect> nextGeometry_;
     Token activityObservation_;
 };

@@ -7,7 +7,6 @@
 
 #include "Accessibility/AccessibleHistoryList.h"
 #include "AppState.h"
-#include "Panel/CardEdgeView.h"
 #include "Panel/ColorView.h"
 #include "Panel/EmptyStateView.h"
 #include "Panel/KeyCaptureView.h"
@@ -127,6 +126,16 @@ void ClipboardPanelView::setWindowBlending(WindowBlending blending)
 {
     blending_ = blending;
     material_->setWindowBlending(blending);
+}
+
+void ClipboardPanelView::setBackdrop(std::shared_ptr<const Backdrop> backdrop)
+{
+    material_->setBackdrop(std::move(backdrop));
+}
+
+void ClipboardPanelView::setDesktopCorners(const CardCorners& corners)
+{
+    edge_->setDesktop(corners);
 }
 
 void ClipboardPanelView::showEvent(QShowEvent*)

@@ -8,6 +8,7 @@
 #include <QtWidgets/QWidget>
 
 #include "History/HistoryRules.h"
+#include "Panel/CardEdgeView.h"
 #include "Panel/ClipboardListView.h"
 #include "Panel/KeyboardEventBridge.h"
 #include "Panel/VisualEffectView.h"
@@ -38,6 +39,10 @@ public:
     std::optional<UUID> selectedItemID() const { return selectedItemID_; }
     std::optional<UUID> hoveredItemID() const { return hoveredItemID_; }
     void setWindowBlending(WindowBlending blending);
+    /// What is behind the window. Null: it is not known.
+    void setBackdrop(std::shared_ptr<const Backdrop> backdrop);
+    /// What is behind the card's corners, for a window through which nothing shines.
+    void setDesktopCorners(const CardCorners& corners);
 
     /// @name What the user does
     /// @{
@@ -103,7 +108,7 @@ private:
     KeyCaptureView* keyCapture_;
     ClipboardListView* list_;
     EmptyStateView* emptyState_ = nullptr; ///< Made when it is first needed.
-    QWidget* edge_;
+    CardEdgeView* edge_;
     QPointer<RowContextMenu> contextMenu_;
     Token observation_;
 };

@@ -6,8 +6,6 @@
 #include <QtWidgets/QApplication>
 
 #include "Panel/ClipboardPanelView.h"
-#include "Panel/PanelStyle.h"
-#include "Support/ContinuousCorners.h"
 
 namespace tessel {
 
@@ -25,30 +23,10 @@ void ClipboardPanelWindow::setContentView(ClipboardPanelView* view)
     contentView_ = view;
 }
 
-void ClipboardPanelWindow::setWindowBlending(WindowBlending blending)
-{
-    if (contentView_ != nullptr)
-        contentView_->setWindowBlending(blending);
-    if (blending == blending_)
-        return;
-    blending_ = blending;
-    shapeCorners();
-}
-
-void ClipboardPanelWindow::shapeCorners()
-{
-    if (blending_ == WindowBlending::translucent)
-        return clearMask();
-    const QPainterPath card = continuousRoundedRectangle(rect(), panelStyle::card::cornerRadius);
-    setMask(QRegion(card.toFillPolygon().toPolygon()));
-}
-
 void ClipboardPanelWindow::resizeEvent(QResizeEvent*)
 {
     if (contentView_ != nullptr)
         contentView_->setGeometry(rect());
-    if (blending_ == WindowBlending::opaque)
-        shapeCorners();
 }
 
 void ClipboardPanelWindow::closeEvent(QCloseEvent* event)

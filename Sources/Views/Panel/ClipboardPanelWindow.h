@@ -4,8 +4,6 @@
 
 #include <QtWidgets/QWidget>
 
-#include "Panel/VisualEffectView.h"
-
 namespace tessel {
 
 class ClipboardPanelView;
@@ -26,8 +24,6 @@ public:
     /// Takes ownership. The view fills the window.
     void setContentView(ClipboardPanelView* view);
     ClipboardPanelView* contentView() const { return contentView_; }
-    /// Where nothing shines through windows their corners are cut by shape.
-    void setWindowBlending(WindowBlending blending);
 
 protected:
     void resizeEvent(QResizeEvent* event) override;
@@ -42,10 +38,7 @@ private:
         QPoint window;  ///< Where the window was then.
     };
 
-    void shapeCorners();
-
     Dragging dragging_ = Dragging::byTitleBar;
-    WindowBlending blending_ = WindowBlending::translucent;
     ClipboardPanelView* contentView_ = nullptr;
     std::optional<Drag> drag_;
 };

@@ -34,11 +34,9 @@ void HeaderAction::paintEvent(QPaintEvent*)
 {
     QPainter painter(this);
     painter.setRenderHint(QPainter::Antialiasing);
-    if (isDown())
-        painter.setOpacity(headerAction::pressedOpacity);
     const QRectF capsule = alignedToDevicePixels(painter, rect());
     painter.fillPath(continuousRoundedRectangle(capsule, capsule.height() / 2),
-                     white(headerAction::fillOpacity));
+                     white(isDown() ? headerAction::pressedFillOpacity : headerAction::fillOpacity));
     painter.setPen(white(headerAction::labelOpacity));
     painter.drawText(QPointF(headerAction::horizontalPadding, headerAction::verticalPadding + ascent_),
                      text());

@@ -35,13 +35,18 @@ inline constexpr double outlineWidth = 1;
 inline constexpr double outlineOpacity = 0.14;
 } // namespace card
 
-/// The material behind the panel: a dark grey, as a heads-up display has it.
+/// The material behind the panel: nearly black, as a heads-up display has it.
 namespace material {
-inline constexpr int red = 30;
-inline constexpr int green = 30;
-inline constexpr int blue = 32;
-/// Enough for white text over a white desktop, little enough to see what is behind.
-inline constexpr double opacity = 0.78;
+inline constexpr int red = 8;
+inline constexpr int green = 8;
+inline constexpr int blue = 10;
+/// Little enough to see what is behind, enough for every text, down to a tint of a tenth, over a white
+/// desktop: the faintest one on a hovered row needs a material that is no brighter than 50.
+inline constexpr float opacity = 0.84F;
+/// Of the blur of what is behind. Lines of text and the edges of windows are gone with it.
+inline constexpr double blurDeviation = 20;
+/// How far beyond the card's edges what is behind it is looked at; further away it hardly counts.
+inline constexpr double blurMargin = 24;
 } // namespace material
 
 namespace header {
@@ -62,8 +67,8 @@ inline constexpr double labelOpacity = 0.75;
 inline constexpr int horizontalPadding = 8;
 inline constexpr int verticalPadding = 4;
 inline constexpr double fillOpacity = 0.08;
-/// The whole button while it is pressed, in place of platform chrome.
-inline constexpr double pressedOpacity = 0.6;
+/// While it is pressed, in place of platform chrome.
+inline constexpr double pressedFillOpacity = 0.16;
 } // namespace headerAction
 
 namespace emptyState {

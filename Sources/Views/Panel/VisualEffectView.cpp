@@ -1,9 +1,13 @@
 #include "Panel/VisualEffectView.h"
 
+#include <utility>
+
 #include <QtGui/QPaintEvent>
 #include <QtGui/QPainter>
 
 #include "Panel/PanelStyle.h"
+#include "Support/DevicePixels.h"
+#include "Support/PaintedBeneath.h"
 
 namespace tessel {
 
@@ -13,55 +17,102 @@ VisualEffectView::VisualEffectView(QWidget* parent)
     setAttribute(Qt::WA_TransparentForMouseEvents);
 }
 
+template <class Value>
+void VisualEffectView::set(Value& property, const Value& value)
+{
+    if (value == property)
+        return;
+    property = value;
+    picture_ = {};
+    update();
+}
+
 void VisualEffectView::setMaterial(VisualEffectMaterial material)
 {
-    if (material == material_)
-        return;
-    material_ = material;
-    update();
+    set(material_, material);
 }
 
 void VisualEffectView::setBlendingMode(VisualEffectBlendingMode blendingMode)
 {
-    if (blendingMode == blendingMode_)
-        return;
-    blendingMode_ = blendingMode;
-    update();
+    set(blendingMode_, blendingMode);
 }
 
 void VisualEffectView::setState(VisualEffectState state)
 {
-    if (state == state_)
-        return;
-    state_ = state;
-    update();
+    set(state_, state);
 }
 
 void VisualEffectView::setWindowBlending(WindowBlending windowBlending)
 {
-    if (windowBlending == windowBlending_)
-        return;
-    windowBlending_ = windowBlending;
-    update();
+    set(windowBlending_, windowBlending);
 }
 
-QColor VisualEffectView::color() const
+void VisualEffectView::setBackdrop(std::shared_ptr<const Backdrop> backdrop)
 {
-    using namespace panelStyle;
-    QColor color = material_ == VisualEffectMaterial::hudWindow
-                       ? QColor(material::red, material::green, material::blue)
-                       : palette().color(QPalette::Window);
-    const bool shinesThrough = blendingMode_ == VisualEffectBlendingMode::withinWindow ||
-                               windowBlending_ == WindowBlending::translucent;
-    if (shinesThrough)
-        color.setAlphaF(static_cast<float>(material::opacity));
-    return color;
+    set(backdrop_, backdrop);
+}
+
+bool VisualEffectView::isActive() const
+{
+    return state_ == VisualEffectState::active ||
+           (state_ == VisualEffectState::followsWindowActiveState && isActiveWindow());
+}
+
+MaterialColor VisualEffectView::color() const
+{
+    using namespace panelStyle::material;
+    const QColor base = material_ == VisualEffectMaterial::hudWindow ? QColor(red, green, blue)
+                                                                     : palette().color(QPalette::Window);
+    return {base, opacity};
+}
+
+QRect VisualEffectView::deviceRectangle() const
+{
+    const double ratio = devicePixelRatioF();
+    const QRectF inWindow(mapTo(window(), QPoint()), size());
+    return QRectF(inWindow.topLeft() * ratio, inWindow.size() * ratio).toAlignedRect();
+}
+
+const QImage& VisualEffectView::pictureOfBackdrop()
+{
+    const QRect rectangle = deviceRectangle();
+    if (picture_.isNull() || pictureRectangle_ != rectangle) {
+        pictureRectangle_ = rectangle;
+        picture_ = backdrop_->under(color(), rectangle);
+        picture_.setDevicePixelRatio(devicePixelRatioF());
+    }
+    return picture_;
 }
 
 void VisualEffectView::paintEvent(QPaintEvent* event)
 {
     QPainter painter(this);
-    painter.fillRect(event->rect(), color());
+    if (!isActive())
+        return painter.fillRect(event->rect(), color().base);
+    if (blendingMode_ == VisualEffectBlendingMode::withinWindow) {
+        // A part that changes shows through blurred beyond its edges.
+        if (event->rect() != rect())
+            update();
+        return paintWithinWindow(painter);
+    }
+    if (backdrop_)
+        return painter.drawImage(QPointF(), pictureOfBackdrop());
+    const bool shinesThrough = windowBlending_ == WindowBlending::translucent;
+    painter.fillRect(event->rect(), shinesThrough ? color().translucent() : color().opaque());
+}
+
+void VisualEffectView::paintWithinWindow(QPainter& painter)
+{
+    const double ratio = devicePixelRatioF();
+    QImage beneath = paintedBeneath(*this);
+    const int reduction = backdropReduction(ratio);
+    const QSize reduced((beneath.width() + reduction - 1) / reduction,
+                        (beneath.height() + reduction - 1) / reduction);
+    const Backdrop backdrop(beneath.scaled(reduced, Qt::IgnoreAspectRatio, Qt::SmoothTransformation), {},
+                            reduction, panelStyle::material::blurDeviation * ratio);
+    QImage picture = backdrop.under(color(), beneath.rect());
+    picture.setDevicePixelRatio(ratio);
+    painter.drawImage(QPointF(), picture);
 }
 
 } // namespace tessel

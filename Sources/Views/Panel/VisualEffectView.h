@@ -1,6 +1,11 @@
 #pragma once
 
+#include <memory>
+
+#include <QtGui/QImage>
 #include <QtWidgets/QWidget>
+
+#include "Support/Backdrop.h"
 
 namespace tessel {
 
@@ -20,6 +25,10 @@ enum class VisualEffectState { followsWindowActiveState = 0, active = 1, inactiv
 enum class WindowBlending { opaque, translucent };
 
 /// Fills itself with a material (`NSVisualEffectView`). It does not take part in mouse events.
+///
+/// Behind the window shines through what `setBackdrop` has been given, else what the window system lets
+/// through, where it does. Within the window that is what the window shows beneath the view, blurred in the
+/// same way.
 class VisualEffectView : public QWidget {
     Q_OBJECT
 
@@ -33,17 +42,30 @@ public:
     void setBlendingMode(VisualEffectBlendingMode blendingMode);
     void setState(VisualEffectState state);
     void setWindowBlending(WindowBlending windowBlending);
+    /// What is behind the window, in its device pixels. Null: it is not known.
+    void setBackdrop(std::shared_ptr<const Backdrop> backdrop);
 
 protected:
     void paintEvent(QPaintEvent* event) override;
 
 private:
-    QColor color() const;
+    template <class Value>
+    void set(Value& property, const Value& value);
+    bool isActive() const;
+    MaterialColor color() const;
+    /// The view in device pixels, from the corner of its window.
+    QRect deviceRectangle() const;
+    const QImage& pictureOfBackdrop();
+    void paintWithinWindow(QPainter& painter);
 
     VisualEffectMaterial material_ = VisualEffectMaterial::windowBackground;
     VisualEffectBlendingMode blendingMode_ = VisualEffectBlendingMode::behindWindow;
     VisualEffectState state_ = VisualEffectState::followsWindowActiveState;
     WindowBlending windowBlending_ = WindowBlending::opaque;
+    std::shared_ptr<const Backdrop> backdrop_;
+    /// Made when it is first painted, for one rectangle.
+    QImage picture_;
+    QRect pictureRectangle_;
 };
 
 } // namespace tessel

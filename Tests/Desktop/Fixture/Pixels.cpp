@@ -1,7 +1,5 @@
 #include "Pixels.h"
 
-#include <vector>
-
 namespace tessel::desktop {
 
 namespace {
@@ -63,18 +61,22 @@ Picture Pixels::readQuietScreen() const
     return picture;
 }
 
-void Pixels::paintBackground(Colour colour) const
-{
-    paintBackground(Picture{1, 1, {colour}});
-}
-
-void Pixels::paintBackground(const Picture& picture) const
+void Pixels::paintBackground(const Picture& tile) const
 {
     auto* connection = connection_.get();
+    std::vector<std::uint8_t> bytes;
+    for (const Colour& colour : tile.pixels)
+        bytes.insert(bytes.end(), {colour[2], colour[1], colour[0], 0});
+    const auto width = static_cast<std::uint16_t>(tile.width);
+    const auto height = static_cast<std::uint16_t>(tile.height);
+    const auto depth = connection_.screen().root_depth;
     const auto pixmap = xcb_generate_id(connection);
-    xcb_create_pixmap(connection, connection_.screen().root_depth, pixmap, connection_.root(),
-                      static_cast<std::uint16_t>(picture.width), static_cast<std::uint16_t>(picture.height));
-    write(picture, pixmap);
+    const auto context = xcb_generate_id(connection);
+    xcb_create_pixmap(connection, depth, pixmap, connection_.root(), width, height);
+    xcb_create_gc(connection, context, pixmap, 0, nullptr);
+    xcb_put_image(connection, XCB_IMAGE_FORMAT_Z_PIXMAP, pixmap, context, width, height, 0, 0, 0, depth,
+                  static_cast<std::uint32_t>(bytes.size()), bytes.data());
+    xcb_free_gc(connection, context);
     xcb_change_window_attributes(connection, connection_.root(), XCB_CW_BACK_PIXMAP, &pixmap);
     // By these names compositors find the picture to put behind the windows; it lives as long as this
     // connection.
@@ -83,28 +85,6 @@ void Pixels::paintBackground(const Picture& picture) const
                             XCB_ATOM_PIXMAP, 32, 1, &pixmap);
     xcb_clear_area(connection, 0, connection_.root(), 0, 0, 0, 0);
     connection_.synchronize();
-}
-
-void Pixels::write(const Picture& picture, xcb_drawable_t drawable) const
-{
-    auto* connection = connection_.get();
-    const auto context = xcb_generate_id(connection);
-    xcb_create_gc(connection, context, drawable, 0, nullptr);
-    const auto width = static_cast<std::size_t>(picture.width);
-    std::vector<std::uint8_t> line(width * bytesPerPixel);
-    for (int y = 0; y < picture.height; ++y) {
-        for (int x = 0; x < picture.width; ++x) {
-            const auto [red, green, blue] = picture.at(x, y);
-            auto* pixel = line.data() + static_cast<std::size_t>(x) * bytesPerPixel;
-            pixel[0] = blue;
-            pixel[1] = green;
-            pixel[2] = red;
-        }
-        xcb_put_image(connection, XCB_IMAGE_FORMAT_Z_PIXMAP, drawable, context,
-                      static_cast<std::uint16_t>(picture.width), 1, 0, static_cast<std::int16_t>(y), 0,
-                      connection_.screen().root_depth, static_cast<std::uint32_t>(line.size()), line.data());
-    }
-    xcb_free_gc(connection, context);
 }
 
 } // namespace tessel::desktop

@@ -18,14 +18,11 @@ public:
     /// the programs.
     Picture readQuietScreen() const;
     Colour at(int x, int y) const;
-    /// Paints the empty desktop in one colour.
-    void paintBackground(Colour colour) const;
-    /// Covers the empty desktop with a picture, again and again where it is smaller than the screen.
-    void paintBackground(const Picture& picture) const;
+    /// Paints the empty desktop with a picture, again and again, or in one colour.
+    void paintBackground(const Picture& tile) const;
+    void paintBackground(Colour colour) const { paintBackground(Picture{1, 1, {colour}}); }
 
 private:
-    void write(const Picture& picture, xcb_drawable_t drawable) const;
-
     XConnection& connection_;
 };
 

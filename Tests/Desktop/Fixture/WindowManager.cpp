@@ -36,6 +36,8 @@ constexpr std::string_view kwinConfiguration =
     "[Desktops]\nNumber=2\n"
     "[ModifierOnlyShortcuts]\nMeta=org.kde.KWin,/KWin,org.kde.KWin,nextDesktop\n";
 
+constexpr std::string_view kwinBlur = "[Plugins]\nblurEnabled=true\n";
+
 /// Openbox announces itself before it is ready for windows, and loses those that come in between. It sets
 /// this property of the root window when it is.
 constexpr const char* readyProperty = "TESSEL_WINDOW_MANAGER_READY";
@@ -72,13 +74,18 @@ std::vector<std::string> managerCommand(WindowManagerChoice choice, const Tempor
         directory.write("home/.config/kdeglobals", std::string(kwinGlobalConfiguration));
         directory.write("home/.config/kwinrc", std::string(kwinConfiguration));
         return {"kwin_x11"};
+    case WindowManagerChoice::blurringKwin:
+        directory.write("home/.config/kdeglobals", std::string(kwinGlobalConfiguration));
+        directory.write("home/.config/kwinrc", std::string(kwinBlur));
+        return {"env", "KWIN_COMPOSE=O2", "kwin_x11"};
     }
     throw DesktopFailure("there is no window manager to start");
 }
 
 bool composites(WindowManagerChoice choice)
 {
-    return choice == WindowManagerChoice::xfwm4 || choice == WindowManagerChoice::kwin;
+    return choice == WindowManagerChoice::xfwm4 || choice == WindowManagerChoice::kwin ||
+           choice == WindowManagerChoice::blurringKwin;
 }
 
 } // namespace
@@ -96,6 +103,8 @@ std::ostream& operator<<(std::ostream& stream, WindowManagerChoice choice)
         return stream << "i3";
     case WindowManagerChoice::kwin:
         return stream << "kwin";
+    case WindowManagerChoice::blurringKwin:
+        return stream << "blurringKwin";
     }
     return stream;
 }

@@ -9,7 +9,8 @@
 
 namespace tessel::desktop {
 
-enum class WindowManagerChoice { none, openbox, xfwm4, i3, kwin };
+/// `blurringKwin` is kwin with its blur, which it would not use without a graphics card.
+enum class WindowManagerChoice { none, openbox, xfwm4, i3, kwin, blurringKwin };
 
 /// For the names of tests.
 std::ostream& operator<<(std::ostream& stream, WindowManagerChoice choice);

@@ -76,6 +76,15 @@ bool ToolkitWindows::isShown(xcb_window_t window) const
     return std::find(shown_.begin(), shown_.end(), window) != shown_.end();
 }
 
+std::optional<QPoint> ToolkitWindows::cornerOf(xcb_window_t window)
+{
+    for (const QWindow* candidate : QGuiApplication::topLevelWindows()) {
+        if (idOf(*candidate) == window)
+            return cornerInPixels(*candidate);
+    }
+    return std::nullopt;
+}
+
 Token ToolkitWindows::observeFocus(std::function<void()> didChange)
 {
     return focusObservers_.add(std::move(didChange));

@@ -40,6 +40,8 @@ public:
     const std::vector<xcb_window_t>& shownWindows() const { return shown_; }
     /// Is it one of the shown windows?
     bool isShown(xcb_window_t window) const;
+    /// Where the top left corner of a window is or will be, in pixels. None: it is not one of ours.
+    static std::optional<QPoint> cornerOf(xcb_window_t window);
 
     /// Runs after `focusedWindow` has changed.
     Token observeFocus(std::function<void()> didChange);

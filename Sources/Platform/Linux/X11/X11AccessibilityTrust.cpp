@@ -1,25 +1,14 @@
 #include "X11/X11AccessibilityTrust.h"
 
-#include <algorithm>
 #include <utility>
 
-#include <QtGui/QGuiApplication>
-#include <QtGui/QScreen>
+#include <QtCore/QtGlobal>
+
+#include "X11/Xwayland.h"
 
 namespace tessel {
 
 namespace {
-
-/// Xwayland says what it is by an extension; before version 23 only by the names of its outputs.
-bool isXwayland(const X11Connection& connection)
-{
-    if (connection.extensions().wayland)
-        return true;
-    const auto screens = QGuiApplication::screens();
-    return std::any_of(screens.begin(), screens.end(), [](const QScreen* screen) {
-        return screen->name().startsWith(QLatin1String("XWAYLAND"));
-    });
-}
 
 /// The compositor's socket, or what the session says of itself (systemd, `pam_systemd`).
 bool isInWaylandSession()

@@ -11,7 +11,7 @@ namespace tessel {
 X11Atoms internAtoms(xcb_connection_t* connection, int screenNumber)
 {
     X11Atoms atoms;
-    const std::array<std::pair<xcb_atom_t*, std::string>, 23> names = {{
+    const std::array<std::pair<xcb_atom_t*, std::string>, 24> names = {{
         {&atoms.netActiveWindow, "_NET_ACTIVE_WINDOW"},
         {&atoms.netClientList, "_NET_CLIENT_LIST"},
         {&atoms.netSupported, "_NET_SUPPORTED"},
@@ -31,6 +31,7 @@ X11Atoms internAtoms(xcb_connection_t* connection, int screenNumber)
         {&atoms.netWindowTypeUtility, "_NET_WM_WINDOW_TYPE_UTILITY"},
         {&atoms.netWindowUserTime, "_NET_WM_USER_TIME"},
         {&atoms.compositorShadow, "_COMPTON_SHADOW"},
+        {&atoms.blurBehindRegion, "_KDE_NET_WM_BLUR_BEHIND_REGION"},
         {&atoms.motifWindowHints, "_MOTIF_WM_HINTS"},
         {&atoms.windowState, "WM_STATE"},
         {&atoms.timestampProbe, "TESSEL_TIMESTAMP"},

@@ -28,6 +28,8 @@ struct X11Atoms {
     xcb_atom_t netWindowTypeUtility = XCB_ATOM_NONE;
     xcb_atom_t netWindowUserTime = XCB_ATOM_NONE;
     xcb_atom_t compositorShadow = XCB_ATOM_NONE;
+    /// On the root window: the compositing manager blurs. On a window: where.
+    xcb_atom_t blurBehindRegion = XCB_ATOM_NONE;
     xcb_atom_t motifWindowHints = XCB_ATOM_NONE;
     xcb_atom_t windowState = XCB_ATOM_NONE;
     xcb_atom_t timestampProbe = XCB_ATOM_NONE;

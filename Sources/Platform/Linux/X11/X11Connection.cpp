@@ -4,6 +4,7 @@
 
 #include <QtCore/QAbstractEventDispatcher>
 #include <QtCore/QSocketNotifier>
+#include <xcb/render.h>
 #include <xcb/xcbext.h>
 #include <xcb/xfixes.h>
 #include <xcb/xinput.h>
@@ -42,6 +43,7 @@ X11Connection::X11Connection(const std::string& displayName)
         return;
     alive_ = true;
     root_ = screen->root;
+    rootVisual_ = screen->root_visual;
     rootWidth_ = screen->width_in_pixels;
     rootHeight_ = screen->height_in_pixels;
     queryExtensions();
@@ -66,12 +68,14 @@ void X11Connection::queryExtensions()
     xcb_prefetch_extension_data(connection_, &xcb_input_id);
     xcb_prefetch_extension_data(connection_, &xcb_xkb_id);
     xcb_prefetch_extension_data(connection_, &xcb_xfixes_id);
+    xcb_prefetch_extension_data(connection_, &xcb_render_id);
     constexpr char waylandName[] = "XWAYLAND";
     const auto waylandCookie = xcb_query_extension(connection_, sizeof waylandName - 1, waylandName);
 
     extensions_.test = isPresent(connection_, &xcb_test_id);
     extensions_.input = isPresent(connection_, &xcb_input_id);
     extensions_.fixes = isPresent(connection_, &xcb_xfixes_id);
+    extensions_.render = isPresent(connection_, &xcb_render_id);
     if (extensions_.fixes)
         extensions_.fixesFirstEvent = xcb_get_extension_data(connection_, &xcb_xfixes_id)->first_event;
     const auto wayland = wait(xcb_query_extension_reply, waylandCookie);
@@ -82,6 +86,8 @@ void X11Connection::queryExtensions()
         xcb_discard_reply(connection_, xcb_xfixes_query_version(connection_, 2, 0).sequence);
     if (extensions_.input)
         xcb_discard_reply(connection_, xcb_input_xi_query_version(connection_, 2, 2).sequence);
+    if (extensions_.render)
+        xcb_discard_reply(connection_, xcb_render_query_version(connection_, 0, 11).sequence);
     if (!isPresent(connection_, &xcb_xkb_id))
         return;
     const auto xkb = wait(xcb_xkb_use_extension_reply,

@@ -27,6 +27,7 @@ struct X11Extensions {
     bool input = false;   ///< XInput 2: the keyboards behind the core keyboard.
     bool xkb = false;     ///< XKB 1.0.
     bool fixes = false;   ///< XFixes 1: selection owner notifications.
+    bool render = false;  ///< RENDER 0.6: pictures with filters.
     bool wayland = false; ///< `XWAYLAND`: this server shows its windows on a Wayland compositor.
     std::uint8_t xkbFirstEvent = 0;
     std::uint8_t fixesFirstEvent = 0;
@@ -49,6 +50,7 @@ public:
     const X11Atoms& atoms() const { return atoms_; }
     const X11Extensions& extensions() const { return extensions_; }
     xcb_window_t root() const { return root_; }
+    xcb_visualid_t rootVisual() const { return rootVisual_; }
     /// The extent of the root window when the connection was made, in pixels, kept up to date.
     std::uint16_t rootWidth() const { return rootWidth_; }
     std::uint16_t rootHeight() const { return rootHeight_; }
@@ -121,6 +123,7 @@ private:
     X11Atoms atoms_;
     X11Extensions extensions_;
     xcb_window_t root_ = noWindow;
+    xcb_visualid_t rootVisual_ = 0;
     xcb_window_t helperWindow_ = noWindow;
     std::uint16_t rootWidth_ = 0;
     std::uint16_t rootHeight_ = 0;

@@ -1,5 +1,6 @@
 #include "X11/X11NativeWindows.h"
 
+#include <algorithm>
 #include <utility>
 #include <vector>
 
@@ -25,6 +26,7 @@ X11NativeWindows::X11NativeWindows(std::shared_ptr<X11Connection> connection,
     , windowManager_(std::move(windowManager))
     , toolkitWindows_(std::move(toolkitWindows))
     , userTime_(std::move(userTime))
+    , screenPictures_(connection_)
 {
     showing_ = toolkitWindows_->observeShowing(
         [this](xcb_window_t window, QPoint corner) { windowWillShow(window, corner); });
@@ -35,6 +37,7 @@ X11NativeWindows::X11NativeWindows(std::shared_ptr<X11Connection> connection,
         mapped_.erase(window);
     });
     followCompositingManager();
+    followBlur();
 }
 
 void X11NativeWindows::followCompositingManager()
@@ -58,6 +61,74 @@ void X11NativeWindows::followCompositingManager()
     const auto owner = connection_->wait(xcb_get_selection_owner_reply,
                                          xcb_get_selection_owner(connection_->raw(), selection));
     compositingManager_ = owner ? owner->owner : noWindow;
+}
+
+void X11NativeWindows::followBlur()
+{
+    if (!connection_->isAlive())
+        return;
+    rootProperties_ = connection_->observeEvents([this](const xcb_generic_event_t& event) {
+        if (eventKind(event) != XCB_PROPERTY_NOTIFY)
+            return;
+        const auto& changed = eventAs<xcb_property_notify_event_t>(event);
+        if (changed.window == connection_->root() && changed.atom == connection_->atoms().blurBehindRegion)
+            announcesBlur_ = changed.state == XCB_PROPERTY_NEW_VALUE;
+    });
+    connection_->whenReplied<xcb_list_properties_reply_t>(
+        xcb_list_properties(connection_->raw(), connection_->root()), lifetime_, [this](const auto* reply) {
+            if (reply == nullptr)
+                return;
+            const std::span present(xcb_list_properties_atoms(reply), reply->atoms_len);
+            announcesBlur_ = std::find(present.begin(), present.end(),
+                                       connection_->atoms().blurBehindRegion) != present.end();
+        });
+    connection_->flush();
+}
+
+void X11NativeWindows::blurBehind(NativeWindowHandle window, const PixelRegion& region)
+{
+    const auto id = static_cast<xcb_window_t>(window);
+    if (!toolkitWindows_->owns(id) || !connection_->isAlive())
+        return;
+    const xcb_atom_t property = connection_->atoms().blurBehindRegion;
+    std::vector<std::uint32_t> units;
+    for (const PixelRectangle& part : region) {
+        for (const int unit : {part.x, part.y, part.width, part.height})
+            units.push_back(static_cast<std::uint32_t>(unit));
+    }
+    // With nothing in it the property would ask for the whole window.
+    if (units.empty())
+        xcb_delete_property(toolkitWindows_->raw(), id, property);
+    else
+        setUnits(id, property, XCB_ATOM_CARDINAL, units);
+    xcb_flush(toolkitWindows_->raw());
+}
+
+void X11NativeWindows::cutToShape(NativeWindowHandle window, const PixelRegion& shape)
+{
+    const auto id = static_cast<xcb_window_t>(window);
+    if (!toolkitWindows_->owns(id) || !connection_->isAlive())
+        return;
+    std::vector<xcb_rectangle_t> rectangles;
+    rectangles.reserve(shape.size());
+    for (const PixelRectangle& part : shape)
+        rectangles.push_back({static_cast<std::int16_t>(part.x), static_cast<std::int16_t>(part.y),
+                              static_cast<std::uint16_t>(part.width),
+                              static_cast<std::uint16_t>(part.height)});
+    xcb_connection_t* raw = toolkitWindows_->raw();
+    if (rectangles.empty())
+        xcb_shape_mask(raw, XCB_SHAPE_SO_SET, XCB_SHAPE_SK_BOUNDING, id, 0, 0, XCB_PIXMAP_NONE);
+    else
+        xcb_shape_rectangles(raw, XCB_SHAPE_SO_SET, XCB_SHAPE_SK_BOUNDING, XCB_CLIP_ORDERING_YX_BANDED, id, 0,
+                             0, static_cast<std::uint32_t>(rectangles.size()), rectangles.data());
+    xcb_flush(raw);
+}
+
+std::vector<ScreenPicture> X11NativeWindows::picturesOfScreen(NativeWindowHandle window,
+                                                              std::span<const ScreenPictureRequest> requests)
+{
+    const auto corner = ToolkitWindows::cornerOf(static_cast<xcb_window_t>(window));
+    return corner ? screenPictures_.take(*corner, requests) : std::vector<ScreenPicture>(requests.size());
 }
 
 void X11NativeWindows::preparePanel(NativeWindowHandle window, const PanelTraits& traits)

@@ -12,6 +12,7 @@
 
 #include "NativeWindows.h"
 #include "Token.h"
+#include "X11/ScreenPictures.h"
 #include "X11/ToolkitWindows.h"
 #include "X11/UserTime.h"
 #include "X11/WindowManager.h"
@@ -30,9 +31,16 @@ public:
     void makeKeyAndOrderFront(NativeWindowHandle window) override;
     /// Known at any time without asking.
     bool blendsTranslucentWindows() const override { return compositingManager_ != noWindow; }
+    /// Known at any time without asking.
+    bool blursBehindWindows() const override { return blendsTranslucentWindows() && announcesBlur_; }
+    void blurBehind(NativeWindowHandle window, const PixelRegion& region) override;
+    void cutToShape(NativeWindowHandle window, const PixelRegion& shape) override;
+    std::vector<ScreenPicture> picturesOfScreen(NativeWindowHandle window,
+                                                std::span<const ScreenPictureRequest> requests) override;
 
 private:
     void followCompositingManager();
+    void followBlur();
     struct Panel {
         PanelTraits traits;
         /// Where it is to be once it is mapped, in pixels.
@@ -74,11 +82,14 @@ private:
     /// Only where no window manager gives the focus back.
     std::optional<FocusBefore> focusBefore_;
     xcb_window_t compositingManager_ = noWindow;
+    bool announcesBlur_ = false;
+    ScreenPictures screenPictures_;
     Token showing_;
     Token mapping_;
     Token unmapping_;
     Token destruction_;
     Token events_;
+    Token rootProperties_;
     std::shared_ptr<void> lifetime_ = std::make_shared<char>();
 };
 

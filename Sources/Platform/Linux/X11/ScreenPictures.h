@@ -1,0 +1,37 @@
+#pragma once
+
+#include <memory>
+#include <span>
+#include <vector>
+
+#include <QtCore/QPoint>
+#include <xcb/render.h>
+
+#include "ScreenPicture.h"
+#include "X11/X11Connection.h"
+
+namespace tessel {
+
+/// Pictures of what the screen shows, which the server reduces itself (X Rendering Extension): what travels
+/// is as small as the result, also where it travels far, and whatever the depth of the screen.
+class ScreenPictures {
+public:
+    explicit ScreenPictures(std::shared_ptr<X11Connection> connection);
+
+    /// Takes one picture for each request, whose rectangles count from `origin`: one round trip. None can be
+    /// taken on Xwayland, whose root window is empty, and without the extension.
+    std::vector<ScreenPicture> take(QPoint origin, std::span<const ScreenPictureRequest> requests);
+
+private:
+    void learnFormats(const xcb_render_query_pict_formats_reply_t& reply);
+    bool canTake() const { return screenFormat_ != XCB_NONE && pictureFormat_ != XCB_NONE; }
+
+    std::shared_ptr<X11Connection> connection_;
+    /// Of the root window, and of 32 bits with the colours in the places that `ScreenPicture` has them.
+    xcb_render_pictformat_t screenFormat_ = XCB_NONE;
+    xcb_render_pictformat_t pictureFormat_ = XCB_NONE;
+    std::uint8_t screenDepth_ = 0;
+    std::shared_ptr<void> lifetime_ = std::make_shared<char>();
+};
+
+} // namespace tessel
