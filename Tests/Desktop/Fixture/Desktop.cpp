@@ -43,6 +43,8 @@ Desktop::Desktop(DesktopOptions options)
     : options_(options)
     , environment_(makeEnvironment(directory_))
 {
+    if (options_.leakCheck == LeakCheck::off)
+        environment_["ASAN_OPTIONS"] += ":detect_leaks=0";
     display_.emplace(options_.screen, environment_, options_.server);
     environment_["DISPLAY"] = display_->name();
     if (options_.bus == BusChoice::sessionBus) {

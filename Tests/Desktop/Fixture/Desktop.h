@@ -24,6 +24,9 @@ enum class CompositorChoice { none, picom };
 /// resources that desktops set).
 enum class ScaleSource { toolkitVariable, fontResolution };
 
+/// Whether programs that were built with AddressSanitizer look for leaks when they end.
+enum class LeakCheck { on, off };
+
 struct DesktopOptions {
     Extent screen{1280, 1024};
     BusChoice bus = BusChoice::sessionBus;
@@ -33,6 +36,7 @@ struct DesktopOptions {
     double scale = 1;
     ScaleSource scaleSource = ScaleSource::toolkitVariable;
     ServerChoice server = ServerChoice::usual;
+    LeakCheck leakCheck = LeakCheck::on;
 };
 
 /// A complete desktop of its own: a virtual X server, a session bus, a window manager, an empty home
