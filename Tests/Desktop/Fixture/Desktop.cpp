@@ -45,6 +45,8 @@ Desktop::Desktop(DesktopOptions options)
 {
     for (const auto& [name, value] : options_.variables)
         environment_[name] = value;
+    if (options_.leakCheck == LeakCheck::off)
+        environment_["ASAN_OPTIONS"] += ":detect_leaks=0";
     display_.emplace(options_.screen, environment_, options_.server);
     environment_["DISPLAY"] = display_->name();
     if (options_.bus == BusChoice::sessionBus) {

@@ -24,6 +24,9 @@ enum class CompositorChoice { none, picom };
 /// resources that desktops set).
 enum class ScaleSource { toolkitVariable, fontResolution };
 
+/// Whether programs that were built with AddressSanitizer look for leaks when they end.
+enum class LeakCheck { on, off };
+
 struct DesktopOptions {
     Extent screen{1280, 1024};
     BusChoice bus = BusChoice::sessionBus;
@@ -35,6 +38,7 @@ struct DesktopOptions {
     ServerChoice server = ServerChoice::usual;
     /// Environment variables that programs have besides the usual ones, or in their place.
     Environment variables = {};
+    LeakCheck leakCheck = LeakCheck::on;
 };
 
 /// A complete desktop of its own: a virtual X server, a session bus, a window manager, an empty home
