@@ -2,11 +2,10 @@
 
 #include <algorithm>
 #include <cmath>
+#include <cstdlib>
 #include <set>
 
 #include <gmock/gmock.h>
-#include <cstdlib>
-
 #include <gtest/gtest.h>
 
 #include <QtGui/QPainter>
