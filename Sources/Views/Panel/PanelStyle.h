@@ -37,12 +37,12 @@ inline constexpr double outlineOpacity = 0.14;
 
 /// The material behind the panel: nearly black, as a heads-up display has it.
 namespace material {
-inline constexpr int red = 8;
-inline constexpr int green = 8;
-inline constexpr int blue = 10;
+inline constexpr int red = 19;
+inline constexpr int green = 19;
+inline constexpr int blue = 22;
 /// Little enough to see what is behind, enough for every text, down to a tint of a tenth, over a white
 /// desktop: the faintest one on a hovered row needs a material that is no brighter than 50.
-inline constexpr float opacity = 0.84F;
+inline constexpr float opacity = 0.87F;
 /// Of the blur of what is behind. Lines of text and the edges of windows are gone with it.
 inline constexpr double blurDeviation = 20;
 /// How far beyond the card's edges what is behind it is looked at; further away it hardly counts.

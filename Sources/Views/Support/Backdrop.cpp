@@ -10,8 +10,9 @@ namespace tessel {
 
 namespace {
 
-/// What is left of the difference between a colour and the grey of its brightness.
-constexpr float saturation = 0.7F;
+/// What is left of the difference between a colour and the grey of its brightness. That is more than what is
+/// left of the brightness: it is by colours that what is behind is seen in the dark.
+constexpr float colourfulness = 0.22F;
 constexpr float brightest = 255;
 
 /// Rec. 709, which sRGB shares.
@@ -20,8 +21,8 @@ float greyOf(float red, float green, float blue)
     return 0.2126F * red + 0.7152F * green + 0.0722F * blue;
 }
 
-/// One channel of a material over what is behind it. At black and at white its opacity alone decides; in
-/// between, where photographs are, more is seen.
+/// One channel of a material over a grey. At black and at white its opacity alone decides; in between, where
+/// photographs are, more is seen.
 float materialOver(float behind, float base, float opacity)
 {
     const float light = std::sqrt(behind / brightest);
@@ -177,7 +178,8 @@ QImage Backdrop::under(const MaterialColor& material, const QRect& rectangle) co
         const float grey = greyOf(shown[0].values[cell], shown[1].values[cell], shown[2].values[cell]);
         for (std::size_t channel = 0; channel < shown.size(); ++channel) {
             float& value = shown[channel].values[cell];
-            value = materialOver(grey + (value - grey) * saturation, base[channel], material.opacity);
+            value = materialOver(grey, base[channel], material.opacity) + (value - grey) * colourfulness;
+            value = std::clamp(value, 0.0F, brightest - 1);
         }
     }
 
