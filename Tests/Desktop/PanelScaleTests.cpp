@@ -199,8 +199,15 @@ protected:
     }
     void waitForRows(std::size_t count, double scale)
     {
-        desktop_.connection().waitUntil(std::to_string(count) + " rows at scale " + std::to_string(scale),
-                                        [&] { return seen(scale).hasRows(count); });
+        try {
+            desktop_.connection().waitUntil(std::to_string(count) + " rows at scale " + std::to_string(scale),
+                                            [&] { return seen(scale).hasRows(count); });
+        } catch (const DesktopFailure& failure) {
+            const auto window = panel();
+            throw DesktopFailure(failure.what() + (window
+                                                       ? " (the panel is " + window->frame.description() + ")"
+                                                       : std::string()));
+        }
     }
     void selectSecondRow(double scale)
     {

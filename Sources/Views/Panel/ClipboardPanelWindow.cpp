@@ -43,6 +43,16 @@ void ClipboardPanelWindow::shapeCorners()
     setMask(QRegion(card.toFillPolygon().toPolygon()));
 }
 
+bool ClipboardPanelWindow::event(QEvent* event)
+{
+    const bool isHandled = QWidget::event(event);
+    // The toolkit has cut the shape in pixels of the screen before, and keeps it as long as its points are
+    // the same.
+    if (event->type() == QEvent::ScreenChangeInternal && windowHandle() != nullptr && !mask().isEmpty())
+        windowHandle()->setMask(mask());
+    return isHandled;
+}
+
 void ClipboardPanelWindow::resizeEvent(QResizeEvent*)
 {
     if (contentView_ != nullptr)
