@@ -26,7 +26,7 @@ namespace {
 
 constexpr int reduction = 8;
 constexpr double deviation = 20;
-const MaterialColor dark = {QColor(8, 8, 10), 0.84F};
+const MaterialColor dark = {QColor(19, 19, 22), 0.87F};
 
 /// A reduced picture whose left half has one colour and whose right half another.
 QImage halves(const QColor& left, const QColor& right, const QSize& size = {60, 40})
@@ -79,20 +79,20 @@ std::uint32_t redThenGreen(int x, int)
 TEST(Backdrop, IsTheMaterialsOwnColourOverBlack)
 {
     const QImage image = under(halves(Qt::black, Qt::black), {0, 0, 480, 320});
-    EXPECT_NEAR(average(image, image.rect(), qRed), 8 * 0.84, 0.1);
-    EXPECT_NEAR(average(image, image.rect(), qBlue), 10 * 0.84, 0.1);
+    EXPECT_NEAR(average(image, image.rect(), qRed), 19 * 0.87, 0.1);
+    EXPECT_NEAR(average(image, image.rect(), qBlue), 22 * 0.87, 0.1);
 }
 
 TEST(Backdrop, LetsWhiteThroughAsTheMaterialsOpacitySays)
 {
     const QImage image = under(halves(Qt::white, Qt::white), {0, 0, 480, 320});
-    EXPECT_NEAR(average(image, image.rect(), qGreen), 8 * 0.84 + 255 * 0.16, 0.1);
+    EXPECT_NEAR(average(image, image.rect(), qGreen), 19 * 0.87 + 255 * 0.13, 0.1);
 }
 
 TEST(Backdrop, ShowsMoreOfAPhotographsMiddleThanItsOpacitySays)
 {
     const QImage image = under(halves(QColor(64, 64, 64), QColor(64, 64, 64)), {0, 0, 480, 320});
-    EXPECT_GT(average(image, image.rect(), qGreen), 8 * 0.84 + 64 * 0.16 + 3);
+    EXPECT_GT(average(image, image.rect(), qGreen), 19 * 0.87 + 64 * 0.13 + 3);
 }
 
 TEST(Backdrop, IsLessColourfulThanWhatIsBehind)
@@ -124,7 +124,7 @@ TEST(Backdrop, BlursAsFarAsItsDeviationSays)
     const QImage image = under(halves(Qt::black, Qt::white), {0, 0, 480, 320});
     const auto lightAt = [&](int x) {
         const double shown = average(image, {x - 1, 0, 2, image.height()}, qGreen);
-        return std::pow((shown - 8 * 0.84) / (255 * 0.16), 1 / 0.75);
+        return std::pow((shown - 19 * 0.87) / (255 * 0.13), 1 / 0.75);
     };
     EXPECT_NEAR(lightAt(240), 0.5, 0.02);
     EXPECT_NEAR(lightAt(240 + 20), 0.841, 0.03);
@@ -269,7 +269,7 @@ TEST(PanelBackdrop, IsDarkenedByTheTintWhileItChanges)
     PanelDesktop desktop;
     desktop.nativeWindows.screen = [](int, int) { return 0xFFFFFFFF; };
     desktop.openPanel();
-    constexpr double bare = 8 * 0.84 + 255 * 0.16;
+    constexpr double bare = 19 * 0.87 + 255 * 0.13;
     const auto shown = [&] { return drawn(desktop.window()).pixelColor(40, 190); };
     for (const double tint : {0.1, 0.4, 0.7}) {
         desktop.state->panelTintOpacity = tint;
@@ -426,7 +426,7 @@ TEST(VisualEffectView, IsDrawnTheSameInAWindowWithoutTheFocusOnlyWhileItIsActive
     const QImage active = drawn(view);
     EXPECT_GT(active.pixelColor(50, 50).lightness(), 40);
     view.setState(VisualEffectState::followsWindowActiveState);
-    EXPECT_LT(drawn(view).pixelColor(50, 50).lightness(), 20);
+    EXPECT_LT(drawn(view).pixelColor(50, 50).lightness(), 25);
     VisualEffectBlurView{VisualEffectMaterial::hudWindow, VisualEffectBlendingMode::behindWindow}.updateView(
         view);
     EXPECT_EQ(drawn(view), active);
