@@ -421,12 +421,15 @@ protected:
 
 TEST_F(PanelTintTest, GoesFromNothingToBlack)
 {
+    // The bare material, blurred over the empty desktop, is a dark shade of its colour.
     for (const auto& [tint, colour] :
-         std::vector<std::pair<std::string, Colour>>{{"0", {30, 30, 32}}, {"1", {0, 0, 0}}}) {
+         std::vector<std::pair<std::string, Colour>>{{"0", {23, 32, 38}}, {"1", {0, 0, 0}}}) {
         restartProgramWith("{\"tesselclipboard.panelTintOpacity\": " + tint + "}");
         program_->openPanel();
         const auto picture = program_->panel().picture();
-        EXPECT_EQ(picture.at(Panel::width / 2, picture.height - 20), colour);
+        const Colour& shown = picture.at(Panel::width / 2, picture.height - 20);
+        for (std::size_t channel = 0; channel < colour.size(); ++channel)
+            EXPECT_NEAR(shown[channel], colour[channel], 1) << tint << ' ' << channel;
         program_->closePanel();
     }
 }

@@ -12,7 +12,7 @@ namespace {
 
 /// What is left of the difference between a colour and the grey of its brightness. That is more than what is
 /// left of the brightness: it is by colours that what is behind is seen in the dark.
-constexpr float colourfulness = 0.2F;
+constexpr float colourfulness = 0.17F;
 constexpr float brightest = 255;
 
 /// Rec. 709, which sRGB shares.
