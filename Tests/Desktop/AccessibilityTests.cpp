@@ -352,9 +352,11 @@ TEST_F(AccessibilityTest, AnAssistiveProgramThatHangsHoldsNothingUp)
 {
     openWith({"A", "B"});
     reader_->process().signal(SIGSTOP);
+    SelectionWatch clipboard(desktop_.displayName());
     tap(XKB_KEY_Down);
     tap(XKB_KEY_Return);
     program_->panel().waitUntilClosed();
+    clipboard.waitForMoreThan(0);
     EXPECT_EQ(ClipboardReader(desktop_.displayName()).readText(), "A");
     copyTexts({"C"});
     reader_->process().signal(SIGCONT);

@@ -92,10 +92,13 @@ protected:
     void copyIntoOpenPanel(const std::vector<std::string>& texts)
     {
         ClipboardOwner owner(desktop_.displayName());
-        for (const std::string& text : texts) {
-            const auto before = program_->panel().picture();
-            owner.copyText(text);
-            program_->panel().waitUntilItDiffersFrom(before);
+        const auto before = program_->panel().picture();
+        owner.copyText(texts.front());
+        program_->panel().waitUntilItDiffersFrom(before);
+        // The second entry on, each makes the panel higher.
+        for (std::size_t count = 2; count <= texts.size(); ++count) {
+            owner.copyText(texts[count - 1]);
+            program_->panel().waitForHeight(pixels(Panel::heightFor(count)));
         }
     }
 

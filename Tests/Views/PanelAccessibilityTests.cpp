@@ -20,6 +20,7 @@ namespace tessel::test {
 
 namespace {
 
+using testing::Contains;
 using testing::Each;
 using testing::ElementsAre;
 using testing::IsEmpty;
@@ -450,20 +451,6 @@ TEST_F(PanelAccessibility, PinningIsAnnouncedWithOneMove)
     EXPECT_NE(pinned, unpinned);
 }
 
-/// Does something to the history that its user might do.
-void changeSomething(PanelDesktop& desktop, std::mt19937& random, int number)
-{
-    const History ordered = desktop.state->orderedHistory();
-    const auto kind = random() % 4;
-    if (ordered.empty() || kind == 0)
-        return desktop.copy("text " + std::to_string(number));
-    const ClipboardItem& item = ordered[random() % ordered.size()];
-    if (kind == 1)
-        desktop.state->removeItem(item);
-    else
-        desktop.state->togglePinned(item);
-}
-
 TEST_F(PanelAccessibility, PinningIsAnnouncedAtTheSamePlaceToo)
 {
     openWith({"A"});
@@ -480,6 +467,20 @@ TEST_F(PanelAccessibility, ARowThatAnotherOnePassesIsNotAnnounced)
     runMainLoop();
     EXPECT_THAT(takeHeard(),
                 ElementsAre("described: " + description(row(0)), "went: item A", "came: item A"));
+}
+
+/// Does something to the history that its user might do.
+void changeSomething(PanelDesktop& desktop, std::mt19937& random, int number)
+{
+    const History ordered = desktop.state->orderedHistory();
+    const auto kind = random() % 4;
+    if (ordered.empty() || kind == 0)
+        return desktop.copy("text " + std::to_string(number));
+    const ClipboardItem& item = ordered[random() % ordered.size()];
+    if (kind == 1)
+        desktop.state->removeItem(item);
+    else
+        desktop.state->togglePinned(item);
 }
 
 TEST_F(PanelAccessibility, WhatIsAnnouncedLeadsFromEachListToTheNext)
@@ -527,6 +528,33 @@ TEST_F(PanelAccessibility, AClearedListIsAnnouncedAsAWhole)
     ASSERT_THAT(heard, Not(IsEmpty()));
     EXPECT_EQ(heard.front(), "named: label 0 items");
     EXPECT_EQ(heard.back(), "focus: list Clipboard history");
+}
+
+TEST_F(PanelAccessibility, WhoReadsAnOpenPanelHearsOfTheNextChange)
+{
+    setAssistiveProgramsPresent(false);
+    openWith({"A", "B"});
+    setAssistiveProgramsPresent(true);
+    EXPECT_THAT(rowNames(), ElementsAre("B", "A"));
+    static_cast<void>(takeHeard());
+    desktop_.copy("C");
+    runMainLoop();
+    EXPECT_THAT(takeHeard(), Contains("came: item C"));
+}
+
+TEST_F(PanelAccessibility, AHiddenPanelTellsNothingOfItsEntries)
+{
+    openWith({"A", "B"});
+    QAccessibleInterface* list = QAccessible::queryAccessibleInterface(&desktop_.view().keyCapture());
+    QAccessibleInterface* row = list->child(0);
+    ASSERT_EQ(row->text(QAccessible::Name), QStringLiteral("B"));
+    desktop_.window().hide();
+    EXPECT_EQ(list->childCount(), 0);
+    EXPECT_EQ(row->text(QAccessible::Name), QString());
+    EXPECT_EQ(row->text(QAccessible::Description), QString());
+    desktop_.window().show();
+    EXPECT_EQ(list->childCount(), 2);
+    EXPECT_EQ(row->text(QAccessible::Name), QStringLiteral("B"));
 }
 
 TEST_F(PanelAccessibility, NothingIsAnnouncedToNobody)

@@ -33,12 +33,23 @@ AccessibleHistoryList* AccessibleHistoryList::ofInterest(const ClipboardPanelVie
 std::vector<AccessibleHistoryList::Shown> AccessibleHistoryList::currentItems() const
 {
     std::vector<Shown> items;
-    if (!panel_)
-        return items;
-    const ClipboardListView& list = panel_->list();
-    for (std::size_t position = 0; position < list.items().size(); ++position)
-        items.push_back({list.items()[position].id, position < list.pinnedCount()});
+    const History& history = shownHistory();
+    for (std::size_t position = 0; position < history.size(); ++position)
+        items.push_back({history[position].id, position < panel_->list().pinnedCount()});
     return items;
+}
+
+const History& AccessibleHistoryList::shownHistory() const
+{
+    static const History nothing;
+    // A hidden panel is not kept up to date, and nobody is to read in it what has been deleted since.
+    return panel_ && panel_->isVisible() ? panel_->list().items() : nothing;
+}
+
+void AccessibleHistoryList::noteReading() const
+{
+    if (!announced_)
+        announced_ = currentItems();
 }
 
 QAccessibleInterface* AccessibleHistoryList::row(UUID id) const
@@ -51,26 +62,27 @@ QAccessibleInterface* AccessibleHistoryList::row(UUID id) const
 
 QAccessibleInterface* AccessibleHistoryList::child(int index) const
 {
-    if (!panel_ || panel_->list().items().empty())
+    noteReading();
+    const History& items = shownHistory();
+    if (items.empty())
         return AccessiblePanelNode::child(index);
-    const History& items = panel_->list().items();
     const auto position = static_cast<std::size_t>(index);
     return index >= 0 && position < items.size() ? row(items[position].id) : nullptr;
 }
 
 int AccessibleHistoryList::childCount() const
 {
-    if (!panel_ || panel_->list().items().empty())
-        return AccessiblePanelNode::childCount();
-    return static_cast<int>(panel_->list().items().size());
+    noteReading();
+    const History& items = shownHistory();
+    return items.empty() ? AccessiblePanelNode::childCount() : static_cast<int>(items.size());
 }
 
 int AccessibleHistoryList::indexOfChild(const QAccessibleInterface* child) const
 {
     const auto* asked = dynamic_cast<const AccessibleHistoryRow*>(child);
-    if (asked == nullptr || !panel_)
+    if (asked == nullptr)
         return AccessiblePanelNode::indexOfChild(child);
-    const History& items = panel_->list().items();
+    const History& items = shownHistory();
     const auto found = std::find_if(items.begin(), items.end(),
                                     [asked](const ClipboardItem& item) { return item.id == asked->id(); });
     return found == items.end() ? -1 : static_cast<int>(found - items.begin());
@@ -108,7 +120,7 @@ QAccessible::State AccessibleHistoryList::state() const
 
 QString AccessibleHistoryList::text(QAccessible::Text kind) const
 {
-    if (kind != QAccessible::Description || !panel_ || !panel_->list().items().empty())
+    if (kind != QAccessible::Description || !shownHistory().empty())
         return AccessiblePanelNode::text(kind);
     // An empty list is read out with the messages that are to be seen in it.
     QStringList messages;

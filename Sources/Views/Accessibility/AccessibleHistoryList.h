@@ -7,6 +7,7 @@
 #include <QtCore/QPointer>
 
 #include "Accessibility/AccessiblePanelNode.h"
+#include "History/HistoryRules.h"
 #include "Support/UUID.h"
 
 namespace tessel {
@@ -56,6 +57,10 @@ private:
     };
 
     std::vector<Shown> currentItems() const;
+    /// The entries in their order; none while the panel is hidden.
+    const History& shownHistory() const;
+    /// Who has read what there is hears of every change from then on.
+    void noteReading() const;
     /// The row of an entry, made when it is first asked for. It stays the same while the entry is there.
     QAccessibleInterface* row(UUID id) const;
     void announce(UUID id, QAccessible::Event event) const;
@@ -68,8 +73,8 @@ private:
 
     QPointer<ClipboardPanelView> panel_;
     mutable std::unordered_map<UUID, QAccessible::Id> rows_;
-    /// What assistive programs have been told. None: nothing yet, they read what is there.
-    std::optional<std::vector<Shown>> announced_;
+    /// What assistive programs have read or been told. None: nothing yet.
+    mutable std::optional<std::vector<Shown>> announced_;
 };
 
 } // namespace tessel

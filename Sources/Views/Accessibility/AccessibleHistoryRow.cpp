@@ -46,7 +46,7 @@ bool AccessibleHistoryRow::isValid() const
 
 const ClipboardItem* AccessibleHistoryRow::item() const
 {
-    return panel_ ? panel_->list().item(id_) : nullptr;
+    return panel_ && panel_->isVisible() ? panel_->list().item(id_) : nullptr;
 }
 
 QWindow* AccessibleHistoryRow::window() const
@@ -115,6 +115,8 @@ void AccessibleHistoryRow::doAction(const QString& name)
         return;
     if (name == pressAction())
         return panel_->pasteItem(id_);
+    if (name != setFocusAction() && name != showMenuAction())
+        return;
     // Who asks a row that has the focus to take it wants to hear of it.
     if (auto* list = AccessibleHistoryList::ofInterest(*panel_); list != nullptr && state().selected)
         list->announceFocus();

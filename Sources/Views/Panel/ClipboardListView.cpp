@@ -43,8 +43,10 @@ QRect withOverhang(const QRectF& rectangle)
 int frameInterval(const QScreen& screen)
 {
     constexpr double millisecondsPerSecond = 1000;
+    // Virtual and remote screens may tell anything.
     constexpr int shortest = 4;
-    return std::max(shortest, static_cast<int>(millisecondsPerSecond / screen.refreshRate()));
+    constexpr int longest = 16;
+    return std::clamp(static_cast<int>(millisecondsPerSecond / screen.refreshRate()), shortest, longest);
 }
 
 constexpr int unitsPerWheelNotch = 120;

@@ -11,7 +11,7 @@ class Translations {
 public:
     /// Takes the first language that there is a translation for; English needs none. `languages` are the
     /// user's in the order of preference, as BCP 47 names them. The interface runs in the direction of the
-    /// language.
+    /// language, and goes on to do so.
     explicit Translations(const QStringList& languages);
 
 private:

@@ -27,6 +27,7 @@ Environment makeEnvironment(const TemporaryDirectory& directory)
     environment["XDG_CACHE_HOME"] = directory.makeDirectory("home/.cache").string();
     environment["XDG_RUNTIME_DIR"] = directory.makeDirectory("runtime").string();
     environment["TMPDIR"] = directory.makeDirectory("temporary").string();
+    environment["LANG"] = "C.UTF-8";
     environment["XDG_SESSION_TYPE"] = "x11";
     // Clients of this desktop speak to its X server only, and need no helper that is not there.
     environment["GDK_BACKEND"] = "x11";

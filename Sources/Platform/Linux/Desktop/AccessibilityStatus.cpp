@@ -5,6 +5,8 @@
 #include <QtDBus/QDBusConnection>
 #include <QtGui/QAccessible>
 
+#include <utility>
+
 namespace tessel {
 
 namespace {
@@ -60,7 +62,12 @@ AccessibilityStatus::AccessibilityStatus()
 void AccessibilityStatus::propertiesDidChange(const QString& interfaceName, const QVariantMap& changed,
                                               const QStringList& /*invalidated*/)
 {
-    if (interfaceName == statusInterface && saysEnabled(changed) && !QAccessible::isActive())
+    if (interfaceName != statusInterface)
+        return;
+    status_.insert(changed);
+    // Both are often set, one after the other.
+    const bool wasEnabled = std::exchange(isEnabled_, saysEnabled(status_));
+    if (isEnabled_ && !wasEnabled && !QAccessible::isActive())
         wakeToolkit();
 }
 

@@ -26,6 +26,10 @@ private slots:
 private:
     void wakeToolkit();
 
+    /// What the desktop has said of late.
+    QVariantMap status_;
+    bool isEnabled_ = false;
+
     /// The toolkit's own connection to the accessibility bus. Null: there is none.
     QPointer<QObject> toolkitConnection_;
 };
