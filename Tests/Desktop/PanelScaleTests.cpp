@@ -123,6 +123,7 @@ void BlackPanel::expectSharp() const
     const SharpEdges& edges = sharpEdgesAt(scale_);
     const auto runs = edgesOfRows();
     ASSERT_EQ(runs.size(), 4U);
+    EXPECT_NEAR(picture_.height, pixels(Panel::heightFor(2)), 1);
     const Run plain = rowInside(runs[0], runs[1], 45);
     const Run selected = rowInside(runs[2], runs[3], 147);
     expectColumn(plain, edges.row, "the first row");

@@ -41,7 +41,8 @@ private:
 
     /// Takes the place and the extent, in points, that the native window has now. The toolkit's events tell
     /// them in the scale that the window had when they were noted; with a change of screen among them (a
-    /// window manager may put a new window to the desktop's corner first) that is not always the scale it has.
+    /// window manager may put a new window to the desktop's corner first) that is not always the scale it
+    /// has.
     void followNativeWindow();
 
     Dragging dragging_ = Dragging::byTitleBar;
