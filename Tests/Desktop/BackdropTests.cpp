@@ -7,6 +7,7 @@
 #include <optional>
 
 #include "ClipboardOwner.h"
+#include "Monitors.h"
 #include "ProgramTest.h"
 
 namespace tessel::desktop {
@@ -102,6 +103,28 @@ protected:
         }
     }
 
+    /// Opens the card where there is one colour at its left, and another at its right.
+    void expectWideStripesWithoutTheirEdges()
+    {
+        const int width = pixels(200);
+        showOnDesktop(desktop_, stripes(width, red, green));
+        // The card lies on a green stripe, on the red one at its right, and a little on the next.
+        desktop_.pointer().moveTo({width - pixels(12), pixels(30)});
+        const Picture strip = openAndReadBareStrip();
+        expectNoEdges(strip);
+        const Colour& left = strip.at(pixels(80), strip.height / 2);
+        const Colour& right = strip.at(pixels(280), strip.height / 2);
+        EXPECT_GT(left[1], left[0] + 8);
+        EXPECT_GT(right[0], right[1] + 8);
+        // The next green stripe shines in.
+        const Colour& end = strip.at(pixels(418), strip.height / 2);
+        EXPECT_LT(end[0] - end[1], (right[0] - right[1]) / 2);
+        for (const Colour& colour : strip.pixels) {
+            ASSERT_LE(brightest(colour), 50);
+            ASSERT_LE(saturation(colour), 0.85);
+        }
+    }
+
     static void expectNoEdges(const Picture& strip)
     {
         constexpr int hardlyVisible = 2;
@@ -126,20 +149,7 @@ protected:
 
 TEST_P(BlurredBackdropTest, WideStripesShowThroughWithoutTheirEdges)
 {
-    const int width = pixels(200);
-    showOnDesktop(desktop_, stripes(width, red, green));
-    // The card lies on a green stripe, on the red one at its right, and a little on the next.
-    desktop_.pointer().moveTo({width - pixels(12), pixels(30)});
-    const Picture strip = openAndReadBareStrip();
-    expectNoEdges(strip);
-    const Colour& left = strip.at(pixels(80), strip.height / 2);
-    const Colour& right = strip.at(pixels(280), strip.height / 2);
-    EXPECT_GT(left[1], left[0] + 8);
-    EXPECT_GT(right[0], right[1] + 8);
-    for (const Colour& colour : strip.pixels) {
-        ASSERT_LE(brightest(colour), 50);
-        ASSERT_LE(saturation(colour), 0.85);
-    }
+    expectWideStripesWithoutTheirEdges();
 }
 
 TEST_P(BlurredBackdropTest, NarrowStripesBecomeOneColour)
@@ -163,6 +173,36 @@ std::string nameOf(const testing::TestParamInfo<Surroundings>& surroundings)
 INSTANTIATE_TEST_SUITE_P(Backdrop, BlurredBackdropTest,
                          testing::Combine(testing::Values(CompositorChoice::none, CompositorChoice::picom),
                                           testing::Values(1.0, 1.5, 2.0)),
+                         nameOf);
+
+/// The scale is that of a monitor beside the primary one, whose scale is 1.
+class OtherMonitorBackdropTest : public BackdropTest, public testing::WithParamInterface<Surroundings> {
+protected:
+    OtherMonitorBackdropTest()
+        : BackdropTest({.compositor = std::get<CompositorChoice>(GetParam()),
+                        .scale = std::get<double>(GetParam()),
+                        .variables = {{"QT_SCALE_FACTOR", "1"},
+                                      {"QT_SCREEN_SCALE_FACTORS",
+                                       "left=1;right=" + std::to_string(std::get<double>(GetParam()))}}})
+    {}
+
+    void SetUp() override
+    {
+        constexpr int edge = 200;
+        Monitors(desktop_).set({{"left", {0, 0, edge, screen.height}},
+                                {"right", {edge, 0, screen.width - edge, screen.height}}});
+        ProgramTest::SetUp();
+    }
+};
+
+TEST_P(OtherMonitorBackdropTest, WideStripesShowThroughWithoutTheirEdges)
+{
+    expectWideStripesWithoutTheirEdges();
+}
+
+INSTANTIATE_TEST_SUITE_P(Backdrop, OtherMonitorBackdropTest,
+                         testing::Combine(testing::Values(CompositorChoice::none, CompositorChoice::picom),
+                                          testing::Values(1.5, 2.0)),
                          nameOf);
 
 TEST_F(BackdropTest, ADragDoesNotChangeIt)

@@ -5,6 +5,7 @@
 #include <cmath>
 
 #include "ClipboardOwner.h"
+#include "Monitors.h"
 #include "ProgramTest.h"
 
 namespace tessel::desktop {
@@ -52,6 +53,12 @@ public:
     bool hasRows(std::size_t count) const
     {
         return picture_.width == pixels(Panel::width) && edgesOfRows().size() == 2 * count;
+    }
+    bool isSecondRowSelected() const
+    {
+        constexpr int brighterThanPlainOutline = 100;
+        const auto edges = edgesOfRows();
+        return edges.size() == 4 && level(column(), edges[2].start) > brighterThanPlainOutline;
     }
     void expectSharp() const;
 
@@ -116,6 +123,7 @@ void BlackPanel::expectSharp() const
     const SharpEdges& edges = sharpEdgesAt(scale_);
     const auto runs = edgesOfRows();
     ASSERT_EQ(runs.size(), 4U);
+    EXPECT_NEAR(picture_.height, pixels(Panel::heightFor(2)), 1);
     const Run plain = rowInside(runs[0], runs[1], 45);
     const Run selected = rowInside(runs[2], runs[3], 147);
     expectColumn(plain, edges.row, "the first row");
@@ -202,6 +210,13 @@ protected:
                                                        : std::string()));
         }
     }
+    void selectSecondRow(double scale)
+    {
+        waitForRows(2, scale);
+        desktop_.keyboard().tap(XKB_KEY_Down);
+        desktop_.connection().waitUntil("the second row selected",
+                                        [&] { return seen(scale).isSecondRowSelected(); });
+    }
     void expectSharp(double scale)
     {
         waitForRows(2, scale);
@@ -225,6 +240,60 @@ TEST_P(OneScaleTest, EdgesLieOnWholePixels)
 }
 
 INSTANTIATE_TEST_SUITE_P(At, OneScaleTest, testing::Values(1.0, 1.25, 1.5, 2.0),
+                         [](const testing::TestParamInfo<double>& scale) {
+                             return std::to_string(std::lround(scale.param * 100)) + "Percent";
+                         });
+
+/// A monitor of scale 1, and beside it one of another.
+class TwoScalesTest : public PanelScaleTest, public testing::WithParamInterface<double> {
+protected:
+    TwoScalesTest()
+        : PanelScaleTest(
+              {.screen = {3000, 1600},
+               .variables = {{"QT_SCREEN_SCALE_FACTORS", "left=1;right=" + std::to_string(GetParam())}}})
+    {}
+
+    void SetUp() override
+    {
+        Monitors(desktop_).set({{"left", {0, 0, 1200, 1600}}, {"right", {1200, 0, 1800, 1600}}});
+        PanelScaleTest::SetUp();
+    }
+
+    static constexpr Place onLeft{100, 100};
+    static constexpr Place onRight{1300, 100};
+};
+
+TEST_P(TwoScalesTest, EachOpeningHasTheScaleOfItsMonitor)
+{
+    const double scale = GetParam();
+    copyTwoTexts(onLeft, 1);
+    expectSharp(1);
+    close();
+    openAt(onRight);
+    selectSecondRow(scale);
+    expectSharp(scale);
+    close();
+    openAt(onLeft);
+    selectSecondRow(1);
+    expectSharp(1);
+    close();
+}
+
+TEST_P(TwoScalesTest, AHiddenPanelComesBackInTheScaleOfAnotherMonitor)
+{
+    const double scale = GetParam();
+    TextClient editor(desktop_, TextClientKind::gtk);
+    copyTwoTexts(onLeft, 1);
+    for (const auto& [place, scaleThere] : {std::pair{onRight, scale}, std::pair{onLeft, 1.0}}) {
+        editor.activate();
+        desktop_.connection().waitUntil("the panel to be hidden", [this] { return !panel(); });
+        openAt(place);
+        expectSharp(scaleThere);
+    }
+    close();
+}
+
+INSTANTIATE_TEST_SUITE_P(OneAnd, TwoScalesTest, testing::Values(1.25, 1.5, 2.0),
                          [](const testing::TestParamInfo<double>& scale) {
                              return std::to_string(std::lround(scale.param * 100)) + "Percent";
                          });

@@ -3,6 +3,8 @@
 #include <utility>
 
 #include <QtCore/QEvent>
+#include <QtGui/QGuiApplication>
+#include <QtGui/QScreen>
 #include <QtGui/QWindow>
 
 #include "Panel/ClipboardPanelView.h"
@@ -82,6 +84,10 @@ void ClipboardPanelController::configure(const PanelDescription& description, Cl
         std::visit(configuration, step);
     nativeWindows_.preparePanel(handle(), configuration.traits());
     window_->windowHandle()->installEventFilter(this);
+    connect(window_->windowHandle(), &QWindow::screenChanged, this, [this] {
+        if (window_->isVisible())
+            backdrop_.fit();
+    });
 }
 
 NativeWindowHandle ClipboardPanelController::handle() const
@@ -155,6 +161,9 @@ void ClipboardPanelController::applyGeometry()
     const auto geometry = std::exchange(nextGeometry_, std::nullopt);
     if (!geometry)
         return;
+    // The toolkit would notice another screen, and with it another scale, only on a later turn.
+    if (QScreen* screen = QGuiApplication::screenAt(geometry->center()))
+        window_->setScreen(screen);
     if (window_->isVisible())
         backdrop_.windowWillChange(*geometry);
     window_->setGeometry(*geometry);

@@ -23,6 +23,21 @@ void ClipboardPanelWindow::setContentView(ClipboardPanelView* view)
     contentView_ = view;
 }
 
+bool ClipboardPanelWindow::event(QEvent* event)
+{
+    const bool isHandled = QWidget::event(event);
+    const auto type = event->type();
+    if (type == QEvent::Move || type == QEvent::Resize || type == QEvent::ScreenChangeInternal)
+        followNativeWindow();
+    return isHandled;
+}
+
+void ClipboardPanelWindow::followNativeWindow()
+{
+    if (isVisible() && geometry() != windowHandle()->geometry())
+        setGeometry(windowHandle()->geometry());
+}
+
 void ClipboardPanelWindow::resizeEvent(QResizeEvent*)
 {
     if (contentView_ != nullptr)

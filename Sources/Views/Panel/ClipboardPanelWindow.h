@@ -26,6 +26,7 @@ public:
     ClipboardPanelView* contentView() const { return contentView_; }
 
 protected:
+    bool event(QEvent* event) override;
     void resizeEvent(QResizeEvent* event) override;
     void closeEvent(QCloseEvent* event) override;
     void mousePressEvent(QMouseEvent* event) override;
@@ -37,6 +38,12 @@ private:
         QPoint pointer; ///< Where the button went down, on the screen.
         QPoint window;  ///< Where the window was then.
     };
+
+    /// Takes the place and the extent, in points, that the native window has now. The toolkit's events tell
+    /// them in the scale that the window had when they were noted; with a change of screen among them (a
+    /// window manager may put a new window to the desktop's corner first) that is not always the scale it
+    /// has.
+    void followNativeWindow();
 
     Dragging dragging_ = Dragging::byTitleBar;
     ClipboardPanelView* contentView_ = nullptr;

@@ -79,7 +79,7 @@ void Desktop::applyScale()
     if (options_.scale == 1)
         return;
     if (options_.scaleSource == ScaleSource::toolkitVariable) {
-        environment_["QT_SCALE_FACTOR"] = std::to_string(options_.scale);
+        environment_.emplace("QT_SCALE_FACTOR", std::to_string(options_.scale));
         return;
     }
     constexpr double usualResolution = 96;
