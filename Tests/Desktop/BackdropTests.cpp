@@ -77,10 +77,14 @@ protected:
         return desktop_.pixels().read(
             {card.x + margin, card.y + card.height - pixels(50), card.width - 2 * margin, pixels(40)});
     }
-    /// The same once a compositor, too, shows what the program has painted: it is dark.
     Picture openAndReadBareStrip()
     {
         program_->openPanel();
+        return darkBareStrip();
+    }
+    /// Of the open panel, once a compositor, too, shows what the program has painted: it is dark.
+    Picture darkBareStrip()
+    {
         Picture strip;
         desktop_.connection().waitUntil("the card", [&] {
             strip = bareStrip();
@@ -204,6 +208,18 @@ INSTANTIATE_TEST_SUITE_P(Backdrop, OtherMonitorBackdropTest,
                          testing::Combine(testing::Values(CompositorChoice::none, CompositorChoice::picom),
                                           testing::Values(1.5, 2.0)),
                          nameOf);
+
+TEST_F(BackdropTest, AnOpeningThatStartsTheProgramHasIt)
+{
+    endProgram();
+    showOnDesktop(desktop_, stripes(pixels(8), red, red));
+    program_.emplace(desktop_, std::vector<std::string>{"--show"});
+    program_->panel().waitUntilOpen();
+    const Picture strip = darkBareStrip();
+    const Colour& middle = strip.at(strip.width / 2, strip.height / 2);
+    EXPECT_GT(middle[0], middle[1] + 8);
+    program_->closePanel();
+}
 
 TEST_F(BackdropTest, ADragDoesNotChangeIt)
 {

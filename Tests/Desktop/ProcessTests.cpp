@@ -30,6 +30,17 @@ TEST_F(ProcessTest, ShowOpensAndKeepsOpen)
     program_->closePanel();
 }
 
+TEST_F(ProcessTest, AProgramThatAnOptionStartedIsReachedByTheNextOne)
+{
+    for (const auto* option : {"--show", "--toggle"}) {
+        endProgram();
+        program_.emplace(desktop_, std::vector<std::string>{option});
+        program_->panel().waitUntilOpen();
+        EXPECT_TRUE(Program::runOption(desktop_, "--toggle").status.succeeded());
+        program_->panel().waitUntilClosed();
+    }
+}
+
 TEST_F(ProcessTest, ASecondStartReachesTheRunningOneAndEnds)
 {
     const auto second = runCommand({Program::executable().string()}, desktop_.environment());

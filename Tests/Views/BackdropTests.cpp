@@ -323,21 +323,70 @@ TEST(PanelBackdrop, IsBlendedWithTheDesktopInTheCornersWithoutACompositor)
     expectBlendedCorners();
 }
 
+TEST(PanelBackdrop, ACornerThatMovesToWhereThePanelIsHasNoPictureOfIt)
+{
+    constexpr std::uint32_t whereThePanelIs = 0xFF00FF00;
+    PanelDesktop desktop;
+    desktop.nativeWindows.blends = false;
+    desktop.nativeWindows.screen = [](int, int) { return 0xFFFFFFFF; };
+    // There is room for any panel below the pointer: its upper edge stays.
+    desktop.screens->pointer = {400, 800};
+    desktop.copyAll({"A", "B", "C", "D", "E", "F"});
+    desktop.openPanel();
+    const QSize large = desktop.window().size();
+    desktop.nativeWindows.screen = [&](int x, int y) {
+        return QRect(QPoint(), large).contains(x, y) ? whereThePanelIs : 0xFFFFFFFF;
+    };
+    desktop.view().clearAll();
+    desktop.copyAll({"G"});
+    runMainLoop();
+    ASSERT_LT(desktop.window().height(), large.height());
+    const QImage panel = drawn(desktop.window());
+    EXPECT_EQ(panel.pixelColor(0, 0), QColor(Qt::white));
+    EXPECT_EQ(panel.pixelColor(0, panel.height() - 1).alpha(), 0);
+    // The shape has no pixel that cannot be blended.
+    EXPECT_EQ(desktop.nativeWindows.shape, roundedRegion(desktop.window().size(), 14, 128));
+}
+
+TEST(PanelBackdrop, AHiddenPanelKeepsNoPictureOfTheScreen)
+{
+    PanelDesktop desktop;
+    desktop.nativeWindows.blends = false;
+    desktop.nativeWindows.screen = redThenGreen;
+    const auto redness = [&] {
+        const QColor colour = drawn(desktop.window()).pixelColor(40, 190);
+        return colour.red() - colour.green();
+    };
+    for (int opening = 0; opening < 2; ++opening) {
+        desktop.application->setActive(true);
+        desktop.openPanel();
+        EXPECT_GT(redness(), 8);
+        EXPECT_EQ(drawn(desktop.window()).pixelColor(0, 0), QColor(Qt::red));
+        desktop.application->setActive(false);
+        ASSERT_FALSE(desktop.window().isVisible());
+        EXPECT_LE(redness(), 0);
+        EXPECT_EQ(drawn(desktop.window()).pixelColor(0, 0).alpha(), 0);
+    }
+}
+
 // The view
 
 namespace {
 
-/// Notes what a view was asked to paint at last.
+/// Notes what a view was asked to paint at last, and how often it was.
 class PaintWatch : public QObject {
 public:
     explicit PaintWatch(QWidget& view) { view.installEventFilter(this); }
     QRect painted;
+    int count = 0;
 
 private:
     bool eventFilter(QObject*, QEvent* event) override
     {
-        if (event->type() == QEvent::Paint)
+        if (event->type() == QEvent::Paint) {
             painted = static_cast<QPaintEvent*>(event)->rect();
+            ++count;
+        }
         return false;
     }
 };
@@ -391,6 +440,24 @@ TEST_F(WithinWindow, AChangeBeneathIsSeenBeyondItsEdges)
     PaintWatch watch(*view_);
     left_->update(QRect(100, 100, 4, 4));
     EXPECT_TRUE(waitUntil([&] { return watch.painted == view_->rect(); }));
+}
+
+TEST_F(WithinWindow, AClippedViewIsNotPaintedForEver)
+{
+    view_->resize(800, 160);
+    ASSERT_TRUE(waitUntil([&] { return window_.windowHandle()->isExposed(); }));
+    runMainLoop();
+    PaintWatch watch(*view_);
+    left_->update(QRect(100, 100, 4, 4));
+    ASSERT_TRUE(waitUntil([&] { return watch.count > 0; }));
+    // Whatever waits to be painted is painted together with these.
+    PaintWatch beside(*left_);
+    for (int round = 1; round <= 10; ++round) {
+        const int before = beside.count;
+        left_->update(QRect(0, 0, 4, 4));
+        ASSERT_TRUE(waitUntil([&] { return beside.count > before; }));
+    }
+    EXPECT_LE(watch.count, 4);
 }
 
 TEST(VisualEffectView, ShowsANewMaterialAfterAnUpdateAndIsStillActive)

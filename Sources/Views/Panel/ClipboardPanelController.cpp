@@ -107,6 +107,7 @@ void ClipboardPanelController::showWindow()
 void ClipboardPanelController::close()
 {
     window_->hide();
+    backdrop_.windowDidHide();
 }
 
 void ClipboardPanelController::makeKeyAndOrderFront()
@@ -185,7 +186,7 @@ bool ClipboardPanelController::eventFilter(QObject*, QEvent* event)
 void ClipboardPanelController::activityDidChange()
 {
     if (!application_.isActive())
-        window_->hide();
+        close();
 }
 
 } // namespace tessel

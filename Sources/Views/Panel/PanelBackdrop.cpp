@@ -1,5 +1,6 @@
 #include "Panel/PanelBackdrop.h"
 
+#include <algorithm>
 #include <cmath>
 #include <vector>
 
@@ -106,6 +107,7 @@ void PanelBackdrop::windowWillChange(const QRect& geometry)
     const std::array<bool, cardCornerCount> stays = {
         geometry.topLeft() == before.topLeft(), geometry.topRight() == before.topRight(),
         geometry.bottomLeft() == before.bottomLeft(), geometry.bottomRight() == before.bottomRight()};
+    const QRect window(QPoint(), pixelSize(before.size()));
     const QPoint origin = (QPointF(geometry.topLeft() - before.topLeft()) * ratio()).toPoint();
     std::vector<ScreenPictureRequest> requests;
     for (PixelRectangle rectangle : cornerRectangles(geometry.size())) {
@@ -115,10 +117,23 @@ void PanelBackdrop::windowWillChange(const QRect& geometry)
     }
     const auto pictures = nativeWindows_.picturesOfScreen(handle(), requests);
     for (std::size_t corner = 0; corner < corners_.size(); ++corner) {
-        // Where a corner stays there is the window itself to be seen.
-        if (!stays.at(corner))
+        if (stays.at(corner))
+            continue;
+        // Where the window is it would be seen itself.
+        const PixelRectangle& wanted = requests[corner].rectangle;
+        if (window.intersects(QRect(wanted.x, wanted.y, wanted.width, wanted.height)))
+            corners_.at(corner) = {};
+        else
             setCorner(corner, pictures[corner], origin);
     }
+    window_.contentView()->setDesktopCorners(corners_);
+    fittedSize_ = {};
+}
+
+void PanelBackdrop::windowDidHide()
+{
+    corners_ = {};
+    window_.contentView()->setBackdrop(nullptr);
     window_.contentView()->setDesktopCorners(corners_);
 }
 
@@ -126,7 +141,9 @@ int PanelBackdrop::leastCoverage() const
 {
     constexpr int half = 128;
     constexpr int any = 1;
-    const bool edgesAreBlended = blending_ == WindowBlending::opaque && !corners_.front().picture.isNull();
+    const bool edgesAreBlended =
+        blending_ == WindowBlending::opaque &&
+        std::ranges::none_of(corners_, [](const CardCorner& corner) { return corner.picture.isNull(); });
     return edgesAreBlended ? any : half;
 }
 

@@ -24,6 +24,8 @@ public:
     void windowWillShow();
     /// The window, which is on the screen, is about to be given another geometry, in points.
     void windowWillChange(const QRect& geometry);
+    /// Drops what the screen showed: a closed panel keeps no picture of anything.
+    void windowDidHide();
     /// The window may have another extent, or be on a screen of another scale.
     void fit();
 

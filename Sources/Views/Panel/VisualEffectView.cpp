@@ -90,8 +90,10 @@ void VisualEffectView::paintEvent(QPaintEvent* event)
     if (!isActive())
         return painter.fillRect(event->rect(), color().base);
     if (blendingMode_ == VisualEffectBlendingMode::withinWindow) {
-        // A part that changes shows through blurred beyond its edges.
-        if (event->rect() != rect())
+        // A part that changes shows through blurred beyond its edges. What is painted then may be a part
+        // again, where the view is clipped.
+        repaintsWhole_ = !repaintsWhole_ && event->rect() != rect();
+        if (repaintsWhole_)
             update();
         return paintWithinWindow(painter);
     }

@@ -66,6 +66,8 @@ private:
     /// Made when it is first painted, for one rectangle.
     QImage picture_;
     QRect pictureRectangle_;
+    /// A part has been painted, and the whole is to follow.
+    bool repaintsWhole_ = false;
 };
 
 } // namespace tessel

@@ -21,6 +21,22 @@ constexpr QLatin1StringView interfaceName("org.freedesktop.Application");
 /// A running program answers within a frame. One that does not is hung, and the caller wants to hear of it.
 constexpr int answerTimeout = 5000; // Milliseconds.
 
+/// A connection for one call. The shared one reads no calls before the loop of the application object that it
+/// was made under has run. One that was made to ask whether the program runs would never read any.
+class OwnConnection {
+public:
+    OwnConnection() = default;
+    ~OwnConnection() { QDBusConnection::disconnectFromBus(name_); }
+    OwnConnection(const OwnConnection&) = delete;
+    OwnConnection& operator=(const OwnConnection&) = delete;
+
+    QDBusConnection& bus() { return bus_; }
+
+private:
+    QString name_ = QStringLiteral("tessel-clipboard-request");
+    QDBusConnection bus_ = QDBusConnection::connectToBus(QDBusConnection::SessionBus, name_);
+};
+
 } // namespace
 
 /// The exported object. Its adaptor takes the calls.
@@ -31,8 +47,8 @@ SessionBusControl::~SessionBusControl() = default;
 
 Delivery SessionBusControl::send(const RemoteRequest& request)
 {
-    QDBusConnection bus = QDBusConnection::sessionBus();
-    if (!bus.isConnected())
+    OwnConnection connection;
+    if (!connection.bus().isConnected())
         return Delivery::noChannel;
 
     QDBusMessage call = QDBusMessage::createMethodCall(serviceName, objectPath, interfaceName,
@@ -44,7 +60,7 @@ Delivery SessionBusControl::send(const RemoteRequest& request)
     call << QString::fromUtf8(action.data(), static_cast<qsizetype>(action.size())) << QVariantList()
          << platformData;
     call.setAutoStartService(false);
-    const QDBusMessage answer = bus.call(call, QDBus::Block, answerTimeout);
+    const QDBusMessage answer = connection.bus().call(call, QDBus::Block, answerTimeout);
     return answer.type() == QDBusMessage::ReplyMessage ? Delivery::delivered : Delivery::nobodyListens;
 }
 

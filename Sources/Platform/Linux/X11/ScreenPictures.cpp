@@ -165,15 +165,19 @@ ScreenPictures::ScreenPictures(std::shared_ptr<X11Connection> connection)
     if (!connection_->isAlive() || !connection_->extensions().render || isXwayland(*connection_) ||
         !hasOurByteOrder(connection_->raw()))
         return;
-    connection_->whenReplied<xcb_render_query_pict_formats_reply_t>(
-        xcb_render_query_pict_formats(connection_->raw()), lifetime_, [this](const auto* reply) {
-            if (reply != nullptr)
-                learnFormats(*reply);
-        });
-    connection_->flush();
+    question_ = xcb_render_query_pict_formats(connection_->raw());
 }
 
-void ScreenPictures::learnFormats(const xcb_render_query_pict_formats_reply_t& reply)
+void ScreenPictures::learnFormats()
+{
+    const auto question = std::exchange(question_, std::nullopt);
+    if (!question)
+        return;
+    if (const auto reply = connection_->wait(xcb_render_query_pict_formats_reply, *question))
+        findFormats(*reply);
+}
+
+void ScreenPictures::findFormats(const xcb_render_query_pict_formats_reply_t& reply)
 {
     const std::span formats(xcb_render_query_pict_formats_formats(&reply),
                             static_cast<std::size_t>(xcb_render_query_pict_formats_formats_length(&reply)));

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <memory>
+#include <optional>
 #include <span>
 #include <vector>
 
@@ -16,22 +17,25 @@ namespace tessel {
 /// is as small as the result, also where it travels far, and whatever the depth of the screen.
 class ScreenPictures {
 public:
+    /// Asks the server what pictures it has.
     explicit ScreenPictures(std::shared_ptr<X11Connection> connection);
+    /// Waits for the answer. Before that no picture can be taken.
+    void learnFormats();
 
     /// Takes one picture for each request, whose rectangles count from `origin`: one round trip. None can be
     /// taken on Xwayland, whose root window is empty, and without the extension.
     std::vector<ScreenPicture> take(QPoint origin, std::span<const ScreenPictureRequest> requests);
 
 private:
-    void learnFormats(const xcb_render_query_pict_formats_reply_t& reply);
+    void findFormats(const xcb_render_query_pict_formats_reply_t& reply);
     bool canTake() const { return screenFormat_ != XCB_NONE && pictureFormat_ != XCB_NONE; }
 
     std::shared_ptr<X11Connection> connection_;
+    std::optional<xcb_render_query_pict_formats_cookie_t> question_;
     /// Of the root window, and of 32 bits with the colours in the places that `ScreenPicture` has them.
     xcb_render_pictformat_t screenFormat_ = XCB_NONE;
     xcb_render_pictformat_t pictureFormat_ = XCB_NONE;
     std::uint8_t screenDepth_ = 0;
-    std::shared_ptr<void> lifetime_ = std::make_shared<char>();
 };
 
 } // namespace tessel

@@ -36,37 +36,33 @@ X11NativeWindows::X11NativeWindows(std::shared_ptr<X11Connection> connection,
         panels_.erase(window);
         mapped_.erase(window);
     });
+    if (!connection_->isAlive())
+        return;
     followCompositingManager();
     followBlur();
+    learnWhatIsThere();
 }
 
 void X11NativeWindows::followCompositingManager()
 {
-    if (!connection_->isAlive())
+    if (!connection_->extensions().fixes)
         return;
     const xcb_atom_t selection = connection_->atoms().compositingManager;
-    if (connection_->extensions().fixes) {
-        events_ = connection_->observeEvents([this](const xcb_generic_event_t& event) {
-            if (eventKind(event) != connection_->extensions().fixesFirstEvent + XCB_XFIXES_SELECTION_NOTIFY)
-                return;
-            const auto& changed = eventAs<xcb_xfixes_selection_notify_event_t>(event);
-            if (changed.selection == connection_->atoms().compositingManager)
-                compositingManager_ = changed.owner;
-        });
-        constexpr std::uint32_t everyChange = XCB_XFIXES_SELECTION_EVENT_MASK_SET_SELECTION_OWNER |
-                                              XCB_XFIXES_SELECTION_EVENT_MASK_SELECTION_WINDOW_DESTROY |
-                                              XCB_XFIXES_SELECTION_EVENT_MASK_SELECTION_CLIENT_CLOSE;
-        xcb_xfixes_select_selection_input(connection_->raw(), connection_->root(), selection, everyChange);
-    }
-    const auto owner = connection_->wait(xcb_get_selection_owner_reply,
-                                         xcb_get_selection_owner(connection_->raw(), selection));
-    compositingManager_ = owner ? owner->owner : noWindow;
+    events_ = connection_->observeEvents([this, selection](const xcb_generic_event_t& event) {
+        if (eventKind(event) != connection_->extensions().fixesFirstEvent + XCB_XFIXES_SELECTION_NOTIFY)
+            return;
+        const auto& changed = eventAs<xcb_xfixes_selection_notify_event_t>(event);
+        if (changed.selection == selection)
+            compositingManager_ = changed.owner;
+    });
+    constexpr std::uint32_t everyChange = XCB_XFIXES_SELECTION_EVENT_MASK_SET_SELECTION_OWNER |
+                                          XCB_XFIXES_SELECTION_EVENT_MASK_SELECTION_WINDOW_DESTROY |
+                                          XCB_XFIXES_SELECTION_EVENT_MASK_SELECTION_CLIENT_CLOSE;
+    xcb_xfixes_select_selection_input(connection_->raw(), connection_->root(), selection, everyChange);
 }
 
 void X11NativeWindows::followBlur()
 {
-    if (!connection_->isAlive())
-        return;
     rootProperties_ = connection_->observeEvents([this](const xcb_generic_event_t& event) {
         if (eventKind(event) != XCB_PROPERTY_NOTIFY)
             return;
@@ -74,15 +70,21 @@ void X11NativeWindows::followBlur()
         if (changed.window == connection_->root() && changed.atom == connection_->atoms().blurBehindRegion)
             announcesBlur_ = changed.state == XCB_PROPERTY_NEW_VALUE;
     });
-    connection_->whenReplied<xcb_list_properties_reply_t>(
-        xcb_list_properties(connection_->raw(), connection_->root()), lifetime_, [this](const auto* reply) {
-            if (reply == nullptr)
-                return;
-            const std::span present(xcb_list_properties_atoms(reply), reply->atoms_len);
-            announcesBlur_ = std::find(present.begin(), present.end(),
-                                       connection_->atoms().blurBehindRegion) != present.end();
-        });
-    connection_->flush();
+}
+
+void X11NativeWindows::learnWhatIsThere()
+{
+    xcb_connection_t* raw = connection_->raw();
+    const auto ownerCookie = xcb_get_selection_owner(raw, connection_->atoms().compositingManager);
+    const auto propertiesCookie = xcb_list_properties(raw, connection_->root());
+    const auto owner = connection_->wait(xcb_get_selection_owner_reply, ownerCookie);
+    compositingManager_ = owner ? owner->owner : noWindow;
+    if (const auto reply = connection_->wait(xcb_list_properties_reply, propertiesCookie)) {
+        const std::span properties(xcb_list_properties_atoms(reply.get()), reply->atoms_len);
+        announcesBlur_ =
+            std::ranges::find(properties, connection_->atoms().blurBehindRegion) != properties.end();
+    }
+    screenPictures_.learnFormats();
 }
 
 void X11NativeWindows::blurBehind(NativeWindowHandle window, const PixelRegion& region)

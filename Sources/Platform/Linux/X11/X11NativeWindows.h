@@ -41,6 +41,8 @@ public:
 private:
     void followCompositingManager();
     void followBlur();
+    /// Waits for the server once: the panel may be shown before the loop runs for the first time.
+    void learnWhatIsThere();
     struct Panel {
         PanelTraits traits;
         /// Where it is to be once it is mapped, in pixels.
