@@ -198,5 +198,16 @@ TEST_F(BackdropOnX11Tests, aWindowIsCutToItsShapeAndWholeAgain)
     EXPECT_EQ(boundingShape(), PixelRegion({{0, 0, 460, 220}}));
 }
 
+TEST_F(BackdropOnX11Tests, aWindowThatHasNoShapeIsLeftAlone)
+{
+    panel_.winId();
+    auto* raw = room.toolkitWindows->raw();
+    // The numbers of requests are consecutive.
+    const auto numberOfRequest = [raw] { return xcb_no_operation(raw).sequence; };
+    const auto before = numberOfRequest();
+    room.nativeWindows->cutToShape(panel_.handle(), {});
+    EXPECT_EQ(numberOfRequest(), before + 1);
+}
+
 } // namespace
 } // namespace tessel

@@ -14,7 +14,7 @@
 namespace tessel {
 
 /// Pictures of what the screen shows, which the server reduces itself (X Rendering Extension): what travels
-/// is as small as the result, also where it travels far, and whatever the depth of the screen.
+/// is as small as the result, also where it travels far.
 class ScreenPictures {
 public:
     /// Asks the server what pictures it has.

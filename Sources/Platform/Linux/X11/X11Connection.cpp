@@ -5,6 +5,7 @@
 #include <QtCore/QAbstractEventDispatcher>
 #include <QtCore/QSocketNotifier>
 #include <xcb/render.h>
+#include <xcb/shape.h>
 #include <xcb/xcbext.h>
 #include <xcb/xfixes.h>
 #include <xcb/xinput.h>
@@ -69,6 +70,7 @@ void X11Connection::queryExtensions()
     xcb_prefetch_extension_data(connection_, &xcb_xkb_id);
     xcb_prefetch_extension_data(connection_, &xcb_xfixes_id);
     xcb_prefetch_extension_data(connection_, &xcb_render_id);
+    xcb_prefetch_extension_data(connection_, &xcb_shape_id);
     constexpr char waylandName[] = "XWAYLAND";
     const auto waylandCookie = xcb_query_extension(connection_, sizeof waylandName - 1, waylandName);
 
@@ -76,6 +78,7 @@ void X11Connection::queryExtensions()
     extensions_.input = isPresent(connection_, &xcb_input_id);
     extensions_.fixes = isPresent(connection_, &xcb_xfixes_id);
     extensions_.render = isPresent(connection_, &xcb_render_id);
+    extensions_.shape = isPresent(connection_, &xcb_shape_id);
     if (extensions_.fixes)
         extensions_.fixesFirstEvent = xcb_get_extension_data(connection_, &xcb_xfixes_id)->first_event;
     const auto wayland = wait(xcb_query_extension_reply, waylandCookie);

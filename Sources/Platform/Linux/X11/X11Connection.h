@@ -28,6 +28,7 @@ struct X11Extensions {
     bool xkb = false;     ///< XKB 1.0.
     bool fixes = false;   ///< XFixes 1: selection owner notifications.
     bool render = false;  ///< RENDER 0.6: pictures with filters.
+    bool shape = false;   ///< SHAPE: windows that are no rectangles.
     bool wayland = false; ///< `XWAYLAND`: this server shows its windows on a Wayland compositor.
     std::uint8_t xkbFirstEvent = 0;
     std::uint8_t fixesFirstEvent = 0;

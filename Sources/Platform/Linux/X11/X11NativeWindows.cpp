@@ -34,6 +34,7 @@ X11NativeWindows::X11NativeWindows(std::shared_ptr<X11Connection> connection,
     mapping_ = toolkitWindows_->observeMapping([this](xcb_window_t window) { windowDidMap(window); });
     destruction_ = toolkitWindows_->observeDestruction([this](xcb_window_t window) {
         panels_.erase(window);
+        shaped_.erase(window);
         mapped_.erase(window);
     });
     if (!connection_->isAlive())
@@ -109,7 +110,10 @@ void X11NativeWindows::blurBehind(NativeWindowHandle window, const PixelRegion& 
 void X11NativeWindows::cutToShape(NativeWindowHandle window, const PixelRegion& shape)
 {
     const auto id = static_cast<xcb_window_t>(window);
-    if (!toolkitWindows_->owns(id) || !connection_->isAlive())
+    // Requests of an extension that the server lacks would end the toolkit's connection.
+    if (!toolkitWindows_->owns(id) || !connection_->isAlive() || !connection_->extensions().shape)
+        return;
+    if (shape.empty() && !shaped_.contains(id))
         return;
     std::vector<xcb_rectangle_t> rectangles;
     rectangles.reserve(shape.size());
@@ -118,11 +122,14 @@ void X11NativeWindows::cutToShape(NativeWindowHandle window, const PixelRegion& 
                               static_cast<std::uint16_t>(part.width),
                               static_cast<std::uint16_t>(part.height)});
     xcb_connection_t* raw = toolkitWindows_->raw();
-    if (rectangles.empty())
+    if (rectangles.empty()) {
         xcb_shape_mask(raw, XCB_SHAPE_SO_SET, XCB_SHAPE_SK_BOUNDING, id, 0, 0, XCB_PIXMAP_NONE);
-    else
+        shaped_.erase(id);
+    } else {
         xcb_shape_rectangles(raw, XCB_SHAPE_SO_SET, XCB_SHAPE_SK_BOUNDING, XCB_CLIP_ORDERING_YX_BANDED, id, 0,
                              0, static_cast<std::uint32_t>(rectangles.size()), rectangles.data());
+        shaped_.insert(id);
+    }
     xcb_flush(raw);
 }
 
@@ -299,7 +306,7 @@ void X11NativeWindows::settle(xcb_window_t window, Panel& panel)
     }
     // It also cuts its frame to the shape that a window has below a title bar, and looks again only when the
     // shape is set. A window without a shape of its own must not get one.
-    if (!blendsTranslucentWindows())
+    if (shaped_.contains(window))
         xcb_shape_combine(raw, XCB_SHAPE_SO_SET, XCB_SHAPE_SK_BOUNDING, XCB_SHAPE_SK_BOUNDING, window, 0, 0,
                           window);
     xcb_flush(raw);

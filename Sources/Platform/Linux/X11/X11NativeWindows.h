@@ -75,6 +75,8 @@ private:
     std::shared_ptr<ToolkitWindows> toolkitWindows_;
     std::shared_ptr<UserTime> userTime_;
     std::map<xcb_window_t, Panel> panels_;
+    /// Windows that have been cut to a shape.
+    std::set<xcb_window_t> shaped_;
     /// Shown windows that the server has mapped.
     std::set<xcb_window_t> mapped_;
     /// The window that is to have the focus and is not on screen yet.
