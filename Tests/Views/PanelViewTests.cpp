@@ -43,9 +43,8 @@ TEST(PanelView, ShowsAMessageWhereThereIsNoHistory)
 {
     PanelDesktop desktop;
     desktop.openPanel();
-    EXPECT_THAT(
-        desktop.visibleLabels(),
-        ElementsAre("Clipboard", "0 items", "Clipboard is empty", "Copy something and it will appear here."));
+    EXPECT_THAT(desktop.visibleLabels(), ElementsAre("Clipboard", "0 items", "Clipboard is empty",
+                                                     "Copy something and it will appear here."));
     EXPECT_FALSE(desktop.list().isVisible());
     EXPECT_FALSE(desktop.view().selectedItemID());
 }
