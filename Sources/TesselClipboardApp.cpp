@@ -45,6 +45,12 @@ public:
         case RemoteCommand::toggleHistory:
             appState_->togglePanel();
             break;
+        case RemoteCommand::settings:
+            appState_->showSettingsWindow();
+            break;
+        case RemoteCommand::about:
+            appState_->showAboutWindow();
+            break;
         case RemoteCommand::quit:
             appState_->terminate();
             break;
