@@ -5,6 +5,7 @@
 
 #include <utility>
 
+#include "Desktop/DesktopAppearance.h"
 #include "Desktop/JSONDefaultsStore.h"
 #include "Desktop/OpenSSLDigest.h"
 #include "Desktop/QtMainQueue.h"
@@ -70,6 +71,7 @@ struct Backend::Parts {
     std::shared_ptr<X11Pasteboard> pasteboard;
     X11Room x11;
     Platform platform;
+    DesktopAppearance appearance;
     TerminationSignals terminationSignals;
 };
 
@@ -87,6 +89,11 @@ const Platform& Backend::platform() const
 NativeWindows& Backend::nativeWindows()
 {
     return *parts_->x11.nativeWindows;
+}
+
+Appearance& Backend::appearance()
+{
+    return parts_->appearance;
 }
 
 void Backend::noteStartupID(std::string_view startupID)
