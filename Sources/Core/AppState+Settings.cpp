@@ -1,5 +1,6 @@
 #include "AppState.h"
-#include "SettingsRules.h"
+#include "Settings/QuickClearPresets.h"
+#include "Settings/SettingsRules.h"
 
 namespace tessel {
 
@@ -18,6 +19,16 @@ void AppState::quickClearCustomSecondsDidChange()
     }
     platform_.defaults->setDouble(quickClearCustomSecondsKey, *quickClearCustomSeconds);
     pruneExpiredHistory();
+}
+
+void AppState::selectPreset(double seconds)
+{
+    if (isOneDayPreset(seconds)) {
+        quickClearPolicy = QuickClearPolicy::oneDay;
+        return;
+    }
+    quickClearCustomSeconds = seconds;
+    quickClearPolicy = QuickClearPolicy::custom;
 }
 
 void AppState::hotKeyPresetDidChange()

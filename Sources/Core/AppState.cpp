@@ -2,7 +2,7 @@
 
 #include <utility>
 
-#include "SettingsRules.h"
+#include "Settings/SettingsRules.h"
 
 namespace tessel {
 

@@ -55,6 +55,14 @@ public:
     static constexpr std::string_view quickClearCustomSecondsKey = "tesselclipboard.quickClearCustomSeconds";
     static constexpr std::string_view hotKeyPresetKey = "tesselclipboard.hotKeyPreset";
 
+    /// @name Settings
+    /// @{
+
+    /// Chooses one of `quickClearPresets`: the policy, and the custom seconds before it where the preset
+    /// stands for them. Fatal error: `seconds` does not fit a 64-bit integer.
+    void selectPreset(double seconds);
+
+    /// @}
     /// @name History
     /// @{
 

@@ -6,11 +6,16 @@
 
 namespace tessel {
 
+namespace {
+
+// In seconds.
+constexpr std::int64_t minute = 60;
+constexpr std::int64_t hour = 3600;
+
+} // namespace
+
 std::string durationText(double seconds)
 {
-    constexpr std::int64_t minute = 60;
-    constexpr std::int64_t hour = 3600;
-
     const std::int64_t whole = roundedToWhole(seconds);
     if (whole < minute)
         return std::to_string(whole) + "s";
@@ -22,6 +27,16 @@ std::string durationText(double seconds)
     if (rest < minute)
         return hours;
     return hours + " " + std::to_string(rest / minute) + "m";
+}
+
+std::string shortDurationLabel(double seconds)
+{
+    const std::int64_t whole = truncatedToWhole(seconds);
+    if (whole < minute)
+        return std::to_string(whole) + "s";
+    if (whole < hour)
+        return std::to_string(whole / minute) + "m";
+    return std::to_string(whole / hour) + "h";
 }
 
 } // namespace tessel

@@ -1,7 +1,10 @@
 #pragma once
 
 #include <cmath>
+#include <cstdint>
 #include <limits>
+
+#include "Support/WholeNumber.h"
 
 namespace tessel {
 
@@ -19,6 +22,12 @@ inline double clampedCustomSeconds(double seconds)
 inline double clampedPanelOpacity(double opacity)
 {
     return std::fmin(std::fmax(opacity, 0.1), 0.7);
+}
+
+/// A tint opacity in whole per cents, truncated.
+inline std::int64_t tintPercent(double opacity)
+{
+    return truncatedToWhole(opacity * 100);
 }
 
 /// True when a clamped value has to replace the current one.
