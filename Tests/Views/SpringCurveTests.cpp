@@ -30,8 +30,9 @@ TEST(SpringCurve, MovesAsADampedSpring)
         const double pull = angularFrequency * angularFrequency * (1 - position);
         speed += (pull - 2 * dampingFraction * angularFrequency * speed) * step;
         position += speed * step;
-        if (count % 10'000 == 0)
+        if (count % 10'000 == 0) {
             EXPECT_NEAR(spring.at(count * step), position, 1e-3) << count * step;
+        }
     }
 }
 
