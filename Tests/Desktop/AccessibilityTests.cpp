@@ -369,6 +369,17 @@ TEST_F(AccessibilityTest, AnAssistiveProgramThatHangsHoldsNothingUp)
 class LateAccessibilityTest : public AccessibilityTest {
 protected:
     void SetUp() override { ProgramTest::SetUp(); }
+
+    /// The entry "A" is the second one.
+    void expectToBeHeardOnceEnabled()
+    {
+        bus_->setStatus(AccessibilityBus::Status::enabled);
+        program_->openPanel();
+        listen();
+        tap(XKB_KEY_Down);
+        reader_->waitForFocus("A");
+        program_->closePanel();
+    }
 };
 
 TEST_F(LateAccessibilityTest, ABusThatAppearsIsUsed)
@@ -384,12 +395,7 @@ TEST_F(LateAccessibilityTest, ABusThatAppearsAndIsEnabledLaterIsUsedFromThen)
 {
     bus_.emplace(desktop_, AccessibilityBus::Status::disabled);
     copyTexts({"A", "B"});
-    bus_->setStatus(AccessibilityBus::Status::enabled);
-    program_->openPanel();
-    listen();
-    tap(XKB_KEY_Down);
-    reader_->waitForFocus("A");
-    program_->closePanel();
+    expectToBeHeardOnceEnabled();
 }
 
 TEST_F(LateAccessibilityTest, ABusThatIsEnabledLaterIsUsedFromThen)
@@ -397,12 +403,7 @@ TEST_F(LateAccessibilityTest, ABusThatIsEnabledLaterIsUsedFromThen)
     bus_.emplace(desktop_, AccessibilityBus::Status::disabled);
     restartProgram();
     copyTexts({"A", "B"});
-    bus_->setStatus(AccessibilityBus::Status::enabled);
-    program_->openPanel();
-    listen();
-    tap(XKB_KEY_Down);
-    reader_->waitForFocus("A");
-    program_->closePanel();
+    expectToBeHeardOnceEnabled();
 }
 
 } // namespace

@@ -60,15 +60,6 @@ double average(const QImage& image, const QRect& part, int (*channel)(QRgb))
     return sum / (part.width() * part.height());
 }
 
-QImage drawn(QWidget& widget)
-{
-    QImage image(widget.size() * widget.devicePixelRatioF(), QImage::Format_ARGB32_Premultiplied);
-    image.setDevicePixelRatio(widget.devicePixelRatioF());
-    image.fill(Qt::transparent);
-    widget.render(&image, {}, {}, QWidget::DrawChildren);
-    return image;
-}
-
 std::uint32_t redThenGreen(int x, int)
 {
     return x < 230 ? 0xFFFF0000 : 0xFF00FF00;

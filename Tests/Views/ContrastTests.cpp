@@ -50,12 +50,9 @@ void expectReadable(const char* what, const QColor& ground, double textOpacity)
 /// The panel's window as it is to be seen over a desktop of one colour.
 QImage seenOver(QWidget& window, const QColor& colour)
 {
-    QImage image(window.size(), QImage::Format_ARGB32_Premultiplied);
-    image.fill(Qt::transparent);
-    window.render(&image, {}, {}, QWidget::DrawChildren);
     QImage seen(window.size(), QImage::Format_RGB32);
     seen.fill(colour);
-    QPainter(&seen).drawImage(0, 0, image);
+    QPainter(&seen).drawImage(0, 0, drawn(window));
     return seen;
 }
 

@@ -278,9 +278,7 @@ TEST(CardDrawing, HasRoundTransparentCornersAndAnOutline)
     desktop.defaults->setDouble(AppState::panelOpacityKey, 1);
     desktop.relaunch();
     desktop.openPanel();
-    QImage image(desktop.window().size(), QImage::Format_ARGB32_Premultiplied);
-    image.fill(Qt::transparent);
-    desktop.window().render(&image, {}, {}, QWidget::DrawChildren);
+    const QImage image = drawn(desktop.window());
     EXPECT_EQ(image.pixelColor(0, 0).alpha(), 0);
     EXPECT_EQ(image.pixelColor(459, 219).alpha(), 0);
     EXPECT_EQ(image.pixelColor(230, 100), QColor(Qt::black));

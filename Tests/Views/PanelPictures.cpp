@@ -104,15 +104,6 @@ QImage onDesktop(const QImage& panel, Backdrop backdrop)
     return picture;
 }
 
-QImage drawn(QWidget& widget)
-{
-    QImage image(widget.size() * widget.devicePixelRatioF(), QImage::Format_ARGB32_Premultiplied);
-    image.setDevicePixelRatio(widget.devicePixelRatioF());
-    image.fill(Qt::transparent);
-    widget.render(&image, {}, {}, QWidget::DrawChildren);
-    return image;
-}
-
 void save(PanelDesktop& desktop, const QDir& directory, const QString& name)
 {
     const std::vector<std::pair<Backdrop, QString>> backdrops = {

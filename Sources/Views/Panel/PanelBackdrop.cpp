@@ -154,9 +154,12 @@ void PanelBackdrop::fit()
         return;
     fittedSize_ = size;
     fittedRatio_ = ratio();
-    const PixelRegion card = roundedRegion(size, panelStyle::card::cornerRadius * ratio(), leastCoverage());
+    const bool isCut = blending_ == WindowBlending::opaque;
+    PixelRegion card;
+    if (isBlurred_ || isCut)
+        card = roundedRegion(size, panelStyle::card::cornerRadius * ratio(), leastCoverage());
     nativeWindows_.blurBehind(handle(), isBlurred_ ? card : PixelRegion());
-    nativeWindows_.cutToShape(handle(), blending_ == WindowBlending::opaque ? card : PixelRegion());
+    nativeWindows_.cutToShape(handle(), isCut ? card : PixelRegion());
 }
 
 } // namespace tessel

@@ -3,6 +3,7 @@
 #include <stdexcept>
 
 #include <QtCore/QCoreApplication>
+#include <QtGui/QImage>
 #include <QtGui/QKeyEvent>
 #include <QtGui/QMouseEvent>
 #include <QtTest/QTest>
@@ -24,6 +25,15 @@ constexpr int patience = 60'000;
 bool waitUntil(const std::function<bool()>& condition)
 {
     return QTest::qWaitFor(condition, patience);
+}
+
+QImage drawn(QWidget& widget)
+{
+    QImage image(widget.size() * widget.devicePixelRatioF(), QImage::Format_ARGB32_Premultiplied);
+    image.setDevicePixelRatio(widget.devicePixelRatioF());
+    image.fill(Qt::transparent);
+    widget.render(&image, {}, {}, QWidget::DrawChildren);
+    return image;
 }
 
 void runMainLoop()

@@ -13,7 +13,9 @@
 #include "Panel/KeyCaptureView.h"
 #include "Support/FakeNativeWindows.h"
 
+class QImage;
 class QLabel;
+class QWidget;
 
 namespace tessel::test {
 
@@ -58,6 +60,9 @@ public:
 
     FakeNativeWindows nativeWindows;
 };
+
+/// What a widget and those in it draw, in device pixels, over nothing.
+QImage drawn(QWidget& widget);
 
 /// Runs what the main loop has to do now.
 void runMainLoop();
