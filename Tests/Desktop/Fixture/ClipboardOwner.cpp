@@ -1,11 +1,8 @@
 #include "ClipboardOwner.h"
 
-#include <poll.h>
-#include <sys/eventfd.h>
 #include <xcb/xfixes.h>
 
 #include <algorithm>
-#include <array>
 #include <vector>
 
 namespace tessel::desktop {
@@ -31,7 +28,6 @@ std::uint8_t firstFixesEvent(xcb_connection_t* connection)
 ClipboardOwner::ClipboardOwner(const std::string& displayName)
     : connection_(displayName)
     , window_(xcb_generate_id(connection_.get()))
-    , wake_(::eventfd(0, EFD_CLOEXEC))
 {
     auto* connection = connection_.get();
     const std::uint32_t events = XCB_EVENT_MASK_PROPERTY_CHANGE;
@@ -40,7 +36,8 @@ ClipboardOwner::ClipboardOwner(const std::string& displayName)
     firstFixesEvent(connection);
     xcb_xfixes_select_selection_input(connection, window_, connection_.atom("CLIPBOARD"),
                                       XCB_XFIXES_SELECTION_EVENT_MASK_SET_SELECTION_OWNER);
-    for (const auto* name : {"CLIPBOARD", "TARGETS", "TIMESTAMP", "INCR", "ATOM", "INTEGER", "TESSEL_TIME"})
+    for (const auto* name :
+         {"CLIPBOARD", "TARGETS", "TIMESTAMP", "INCR", "ATOM", "INTEGER", "TESSEL_TIME", "TESSEL_END"})
         connection_.atom(name);
     connection_.synchronize();
     thread_ = std::thread([this] { serve(); });
@@ -48,11 +45,14 @@ ClipboardOwner::ClipboardOwner(const std::string& displayName)
 
 ClipboardOwner::~ClipboardOwner()
 {
-    {
-        const std::lock_guard lock(mutex_);
-        isEnding_ = true;
-    }
-    ::eventfd_write(wake_.get(), 1);
+    xcb_client_message_event_t end{};
+    end.response_type = XCB_CLIENT_MESSAGE;
+    end.format = 32;
+    end.window = window_;
+    end.type = connection_.atom("TESSEL_END");
+    xcb_send_event(connection_.get(), 0, window_, XCB_EVENT_MASK_NO_EVENT,
+                   reinterpret_cast<const char*>(&end));
+    connection_.flush();
     thread_.join();
 }
 
@@ -91,7 +91,7 @@ void ClipboardOwner::own(xcb_window_t owner, xcb_timestamp_t time)
     std::unique_lock lock(mutex_);
     const auto before = ownerChanges_;
     xcb_set_selection_owner(connection_.get(), owner, connection_.atom("CLIPBOARD"), time);
-    flushAndWake();
+    connection_.flush();
     if (!changed_.wait_until(lock, Deadline().moment(), [&] { return ownerChanges_ != before; }))
         throw DesktopFailure("waited in vain for: the server's announcement of a new CLIPBOARD owner");
 }
@@ -103,18 +103,10 @@ xcb_timestamp_t ClipboardOwner::serverTime()
     // Appending nothing to a property yields an event with the server's time (ICCCM section 2.1).
     xcb_change_property(connection_.get(), XCB_PROP_MODE_APPEND, window_, connection_.atom("TESSEL_TIME"),
                         XCB_ATOM_INTEGER, 32, 0, nullptr);
-    flushAndWake();
+    connection_.flush();
     if (!changed_.wait_until(lock, Deadline().moment(), [&] { return timeAnswers_ != before; }))
         throw DesktopFailure("waited in vain for: the server's time");
     return latestTime_;
-}
-
-void ClipboardOwner::flushAndWake()
-{
-    connection_.flush();
-    // Sending may also have received events, which the serving thread would not notice on the socket any
-    // more.
-    ::eventfd_write(wake_.get(), 1);
 }
 
 int ClipboardOwner::requestCount(const std::string& target)
@@ -140,19 +132,14 @@ void ClipboardOwner::waitForCompletion(const std::string& target, Deadline deadl
 
 void ClipboardOwner::serve()
 {
-    while (true) {
-        while (const auto event = desktop::own(xcb_poll_for_event(connection_.get())))
-            handle(*event);
-        connection_.flush();
-        std::array<pollfd, 2> descriptors{pollfd{xcb_get_file_descriptor(connection_.get()), POLLIN, 0},
-                                          pollfd{wake_.get(), POLLIN, 0}};
-        ::poll(descriptors.data(), descriptors.size(), -1);
-        eventfd_t ignored = 0;
-        if (descriptors[1].revents != 0)
-            ::eventfd_read(wake_.get(), &ignored);
-        const std::lock_guard lock(mutex_);
-        if (isEnding_ || xcb_connection_has_error(connection_.get()) != 0)
+    // Not a poll of the descriptor: sending, on either thread, may also read, and what is read then is in the
+    // queue with nothing left to wake a poll.
+    while (const auto event = desktop::own(xcb_wait_for_event(connection_.get()))) {
+        const auto type = static_cast<std::uint8_t>(event->response_type & eventTypeMask);
+        if (type == XCB_CLIENT_MESSAGE) // From our own end; nobody else sends this window one.
             return;
+        handle(*event);
+        connection_.flush();
     }
 }
 

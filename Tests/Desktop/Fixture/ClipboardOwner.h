@@ -10,7 +10,6 @@
 #include <thread>
 
 #include "Deadline.h"
-#include "FileDescriptor.h"
 #include "XConnection.h"
 
 namespace tessel::desktop {
@@ -60,12 +59,10 @@ private:
     void provideBytes(xcb_window_t requestor, xcb_atom_t property, xcb_atom_t type, const std::string& bytes);
     void continueTransfer(TransferKey key);
     xcb_timestamp_t serverTime();
-    void flushAndWake();
     void own(xcb_window_t owner, xcb_timestamp_t time);
 
     XConnection connection_;
     xcb_window_t window_;
-    FileDescriptor wake_;
 
     std::mutex mutex_;
     std::condition_variable changed_;
@@ -76,7 +73,6 @@ private:
     std::uint64_t timeAnswers_ = 0;
     std::uint64_t ownerChanges_ = 0;
     xcb_timestamp_t ownedSince_ = 0;
-    bool isEnding_ = false;
     std::map<TransferKey, IncrementalTransfer> transfers_;
 
     std::thread thread_;

@@ -156,11 +156,11 @@ bool pump(std::span<XClient* const> clients, const std::function<void(const xcb_
         std::vector<pollfd> sources;
         bool isQuiet = true;
         for (XClient* client : clients) {
+            client->flush(); // This may bring events in, too; hence before the look for them.
             while (const Event event = client->nextEvent()) {
                 handle(*event);
                 isQuiet = false;
             }
-            client->flush();
             sources.push_back({client->descriptor(), POLLIN, 0});
             if (client->isBroken())
                 return isDone();

@@ -4,9 +4,6 @@
 #include <cstring>
 #include <stdexcept>
 
-#include <poll.h>
-#include <sys/eventfd.h>
-#include <unistd.h>
 #include <xcb/xfixes.h>
 
 #include "TestLoop.h"
@@ -16,7 +13,6 @@ namespace tessel {
 RivalManager::RivalManager(const std::string& display, Greed greed)
     : greed_(greed)
     , connection_(xcb_connect(display.c_str(), nullptr))
-    , stopDescriptor_(eventfd(0, EFD_CLOEXEC))
 {
     xcb_connection_t* connection = connection_.get();
     const xcb_query_extension_reply_t* fixes = xcb_get_extension_data(connection, &xcb_xfixes_id);
@@ -27,6 +23,8 @@ RivalManager::RivalManager(const std::string& display, Greed greed)
     utf8String_ = intern("UTF8_STRING");
     targets_ = intern("TARGETS");
     property_ = intern("RIVAL");
+    mark_ = intern("RIVAL_MARK");
+    stop_ = intern("RIVAL_STOP");
     const xcb_screen_t* screen = xcb_setup_roots_iterator(xcb_get_setup(connection)).data;
     window_ = xcb_generate_id(connection);
     xcb_create_window(connection, 0, window_, screen->root, -1, -1, 1, 1, 0, XCB_WINDOW_CLASS_INPUT_ONLY,
@@ -42,10 +40,8 @@ RivalManager::RivalManager(const std::string& display, Greed greed)
 
 RivalManager::~RivalManager()
 {
-    const std::uint64_t one = 1;
-    [[maybe_unused]] const auto written = write(stopDescriptor_, &one, sizeof one);
+    tellOurselves(stop_);
     thread_.join();
-    close(stopDescriptor_);
 }
 
 std::string RivalManager::text() const
@@ -58,14 +54,7 @@ int RivalManager::ownershipChanges() const
 {
     std::unique_lock lock(mutex_);
     const int mark = ++marksSent_;
-    xcb_client_message_event_t message{};
-    message.response_type = XCB_CLIENT_MESSAGE;
-    message.format = 32;
-    message.window = window_;
-    message.type = property_;
-    xcb_send_event(connection_.get(), 0, window_, XCB_EVENT_MASK_NO_EVENT,
-                   reinterpret_cast<const char*>(&message));
-    xcb_flush(connection_.get());
+    tellOurselves(mark_);
     if (!markSeen_.wait_for(lock, TestLoop::patience, [&] { return marksSeen_ >= mark; }))
         throw std::runtime_error("the X server does not answer the watch");
     return changes_;
@@ -80,17 +69,28 @@ xcb_atom_t RivalManager::intern(const std::string& name)
     return reply ? reply->atom : static_cast<xcb_atom_t>(XCB_NONE);
 }
 
+void RivalManager::tellOurselves(xcb_atom_t message) const
+{
+    xcb_client_message_event_t event{};
+    event.response_type = XCB_CLIENT_MESSAGE;
+    event.format = 32;
+    event.window = window_;
+    event.type = message;
+    xcb_send_event(connection_.get(), 0, window_, XCB_EVENT_MASK_NO_EVENT,
+                   reinterpret_cast<const char*>(&event));
+    xcb_flush(connection_.get());
+}
+
 void RivalManager::run()
 {
-    while (xcb_connection_has_error(connection_.get()) == 0) {
-        while (const std::unique_ptr<xcb_generic_event_t, Free> event{xcb_poll_for_event(connection_.get())})
-            handle(*event);
-        xcb_flush(connection_.get());
-        std::array<pollfd, 2> sources = {pollfd{xcb_get_file_descriptor(connection_.get()), POLLIN, 0},
-                                         pollfd{stopDescriptor_, POLLIN, 0}};
-        poll(sources.data(), sources.size(), -1);
-        if (sources[1].revents != 0)
+    // Not a poll of the descriptor: whoever sends on this connection, on either thread, may also read, and
+    // what is read then is in the queue with nothing left to wake a poll.
+    while (const std::unique_ptr<xcb_generic_event_t, Free> event{xcb_wait_for_event(connection_.get())}) {
+        if ((event->response_type & 0x7F) == XCB_CLIENT_MESSAGE &&
+            reinterpret_cast<const xcb_client_message_event_t&>(*event).type == stop_)
             return;
+        handle(*event);
+        xcb_flush(connection_.get());
     }
 }
 

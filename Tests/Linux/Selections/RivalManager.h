@@ -41,6 +41,7 @@ private:
     };
 
     xcb_atom_t intern(const std::string& name);
+    void tellOurselves(xcb_atom_t message) const;
     void run();
     void handle(const xcb_generic_event_t& event);
     void ownerChanged(xcb_window_t owner, std::uint8_t kind);
@@ -56,13 +57,14 @@ private:
     xcb_atom_t utf8String_ = XCB_NONE;
     xcb_atom_t targets_ = XCB_NONE;
     xcb_atom_t property_ = XCB_NONE;
+    xcb_atom_t mark_ = XCB_NONE;
+    xcb_atom_t stop_ = XCB_NONE;
     mutable std::mutex mutex_;
     std::string text_;
     int changes_ = 0;
     mutable int marksSent_ = 0; ///< Messages to ourselves.
     int marksSeen_ = 0;
     mutable std::condition_variable markSeen_;
-    int stopDescriptor_;
     std::thread thread_;
 };
 
