@@ -15,7 +15,9 @@
 #include "History/ImageFingerprint.h"
 #include "Panel/PanelFactory.h"
 #include "Support/Translations.h"
+#include "Windows/SecondaryWindows.h"
 #include "Windows/TrustPrompt.h"
+#include "Windows/WindowTheme.h"
 
 namespace tessel {
 
@@ -32,6 +34,7 @@ class TesselClipboardApp {
 public:
     explicit TesselClipboardApp(std::string_view startupID)
         : backend_({.imageFingerprint = imageFingerprint, .showTrustPrompt = trustPrompt()})
+        , windowTheme_(backend_.appearance())
     {
         backend_.noteStartupID(startupID);
         appState_ = AppState::create(backend_.platform(), windowFactory());
@@ -47,6 +50,12 @@ public:
         case RemoteCommand::toggleHistory:
             appState_->togglePanel();
             break;
+        case RemoteCommand::settings:
+            appState_->showSettingsWindow();
+            break;
+        case RemoteCommand::about:
+            appState_->showAboutWindow();
+            break;
         case RemoteCommand::quit:
             appState_->terminate();
             break;
@@ -56,13 +65,16 @@ public:
 private:
     WindowFactory windowFactory()
     {
+        const SecondaryWindowNeeds needs = {windowTheme_, backend_.nativeWindows(),
+                                            *backend_.platform().screens};
         return {.panel = panelFactory(backend_.nativeWindows(), *backend_.platform().application),
-                .settings = {},
-                .about = {},
-                .onboarding = {}};
+                .settings = settingsFactory(needs),
+                .about = aboutFactory(needs),
+                .onboarding = onboardingFactory(needs)};
     }
 
     Backend backend_;
+    WindowTheme windowTheme_;
     std::shared_ptr<AppState> appState_;
 };
 

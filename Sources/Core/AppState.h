@@ -85,6 +85,8 @@ public:
     /// Writes an entry to the pasteboard, closes the panel, brings the recorded application back and pastes
     /// there.
     void copyAndPaste(const ClipboardItem& item);
+    /// Has the system ask the user for the Accessibility permission, and opens its settings.
+    void requestAccessibilityAndOpenSettings();
 
     /// @}
     /// @name Windows
@@ -134,7 +136,6 @@ private:
     static bool isEnabled(const LoginItem* loginItem);
 
     void postPasteKeyStroke(std::optional<ProcessIdentifier> process);
-    void requestAccessibilityAndOpenSettings();
 
     void updatePanelSize();
     void positionPanelNearCursor();

@@ -6,6 +6,7 @@
 #include <utility>
 
 #include "Desktop/AccessibilityStatus.h"
+#include "Desktop/DesktopAppearance.h"
 #include "Desktop/JSONDefaultsStore.h"
 #include "Desktop/OpenSSLDigest.h"
 #include "Desktop/QtMainQueue.h"
@@ -67,6 +68,7 @@ struct Backend::Parts {
     {}
 
     AccessibilityStatus accessibilityStatus;
+    DesktopAppearance appearance;
     std::shared_ptr<QtMainQueue> queue;
     std::shared_ptr<Digest> digest;
     std::shared_ptr<X11Pasteboard> pasteboard;
@@ -89,6 +91,11 @@ const Platform& Backend::platform() const
 NativeWindows& Backend::nativeWindows()
 {
     return *parts_->x11.nativeWindows;
+}
+
+Appearance& Backend::appearance()
+{
+    return parts_->appearance;
 }
 
 void Backend::noteStartupID(std::string_view startupID)

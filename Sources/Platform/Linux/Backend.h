@@ -5,6 +5,7 @@
 #include <string>
 #include <string_view>
 
+#include "Appearance.h"
 #include "NativeWindows.h"
 #include "Platform.h"
 #include "RemoteControl.h"
@@ -31,6 +32,7 @@ public:
 
     const Platform& platform() const;
     NativeWindows& nativeWindows();
+    Appearance& appearance();
 
     /// Takes note of the user's action that led to a request from outside; see `RemoteRequest::startupID`.
     void noteStartupID(std::string_view startupID);

@@ -31,6 +31,9 @@ public:
     virtual void preparePanel(NativeWindowHandle window, const PanelTraits& traits) = 0;
     /// Raises a window that is being shown and gives it the keyboard focus, on the user's behalf.
     virtual void makeKeyAndOrderFront(NativeWindowHandle window) = 0;
+    /// Raises a window that is being shown, and leaves the keyboard focus where it is (`orderFront:`). It is
+    /// the one that the application's activation gives the focus to.
+    virtual void orderFront(NativeWindowHandle window) = 0;
     /// True while a compositing manager blends translucent windows (`_NET_WM_CM_Sn`, EWMH).
     virtual bool blendsTranslucentWindows() const = 0;
 

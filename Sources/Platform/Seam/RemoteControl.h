@@ -9,6 +9,8 @@ namespace tessel {
 enum class RemoteCommand {
     openHistory,   ///< Shows the history panel.
     toggleHistory, ///< Shows the history panel, or closes it when it is visible.
+    settings,      ///< Shows the settings window.
+    about,         ///< Shows the about window.
     quit,          ///< Ends the program.
 };
 

@@ -71,12 +71,6 @@ ClipboardPanelController::ClipboardPanelController(AppState& appState, const Pan
     configure(description, new ClipboardPanelView(appState, std::move(artwork), window_.get()));
 }
 
-void ClipboardPanelController::Retirement::operator()(ClipboardPanelWindow* window) const
-{
-    window->hide();
-    window->deleteLater();
-}
-
 void ClipboardPanelController::configure(const PanelDescription& description, ClipboardPanelView* view)
 {
     PanelConfiguration configuration(*window_, view);

@@ -11,6 +11,7 @@
 #include "Panel/ClipboardPanelWindow.h"
 #include "Panel/PanelBackdrop.h"
 #include "Panel/PanelDescription.h"
+#include "Support/Retirement.h"
 #include "Token.h"
 #include "WindowController.h"
 
@@ -40,11 +41,6 @@ public:
     ClipboardPanelWindow& window() const { return *window_; }
 
 private:
-    /// Takes a window off the screen at once, and deletes it on the next turn.
-    struct Retirement {
-        void operator()(ClipboardPanelWindow* window) const;
-    };
-
     void configure(const PanelDescription& description, ClipboardPanelView* view);
     bool eventFilter(QObject* object, QEvent* event) override;
     NativeWindowHandle handle() const;

@@ -3,29 +3,9 @@
 #include <QtGui/QFontMetricsF>
 #include <QtGui/QGuiApplication>
 
-#include <cmath>
-
 namespace tessel {
 
 namespace {
-
-/// The scale at which a font of a whole number of pixels has that size.
-double scaleFor(double size)
-{
-    return size == std::floor(size) ? 1 : 0.5;
-}
-
-QFont fontOf(const panelStyle::Text& text)
-{
-    QFont font = QGuiApplication::font();
-    font.setPixelSize(static_cast<int>(std::lround(text.size / scaleFor(text.size))));
-    font.setWeight(text.weight);
-    if (text.tracking != 0)
-        font.setLetterSpacing(QFont::AbsoluteSpacing, text.tracking);
-    // Coloured fringes need an opaque background.
-    font.setStyleStrategy(QFont::NoSubpixelAntialias);
-    return font;
-}
 
 std::array<double, 128> asciiAdvances(const TextStyle& style)
 {
@@ -37,15 +17,6 @@ std::array<double, 128> asciiAdvances(const TextStyle& style)
 }
 
 } // namespace
-
-TextStyle::TextStyle(const panelStyle::Text& text)
-    : font(fontOf(text))
-    , scale(scaleFor(text.size))
-{
-    const QFontMetricsF metrics(font);
-    ascent = static_cast<int>(std::round(metrics.ascent() * scale));
-    lineHeight = ascent + static_cast<int>(std::ceil(metrics.descent() * scale));
-}
 
 PanelFonts::PanelFonts()
     : systemFont(QGuiApplication::font())

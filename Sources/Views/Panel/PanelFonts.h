@@ -5,20 +5,9 @@
 #include <QtGui/QFont>
 
 #include "Panel/PanelStyle.h"
+#include "Support/TextStyle.h"
 
 namespace tessel {
-
-/// A font of the panel with the measures that a layout needs, in whole points.
-struct TextStyle {
-    explicit TextStyle(const panelStyle::Text& text);
-
-    QFont font;
-    /// What is laid out with the font is drawn at this scale. The toolkit rounds fonts to whole pixels: a
-    /// size with a half is had by drawing a font of twice the size half as large.
-    double scale;
-    int ascent; ///< From the top of a line to its baseline.
-    int lineHeight;
-};
 
 /// The panel's fonts: the system font, as it was when this was made, in the panel's sizes.
 struct PanelFonts {

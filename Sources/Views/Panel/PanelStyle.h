@@ -1,32 +1,17 @@
 #pragma once
 
-#include <QtGui/QColor>
-#include <QtGui/QFont>
+#include "Support/Colors.h"
+#include "Support/TextStyle.h"
 
 /// Every measure of the history panel's look, in points (one point is one logical pixel), and every colour.
 namespace tessel::panelStyle {
 
-/// White or black at an opacity, 0 to 1.
-inline QColor white(double opacity)
-{
-    return QColor::fromRgbF(1, 1, 1, static_cast<float>(opacity));
-}
-inline QColor black(double opacity)
-{
-    return QColor::fromRgbF(0, 0, 0, static_cast<float>(opacity));
-}
-
-/// A text of the panel: the system font in one size and weight.
-struct Text {
-    double size;
-    QFont::Weight weight = QFont::Normal;
-    double tracking = 0; ///< Added to each letter.
-};
-
-/// The platform's named text styles that the panel uses.
-inline constexpr double calloutSize = 12;
-inline constexpr double captionSize = 10;
-inline constexpr double caption2Size = 10;
+using tessel::black;
+using tessel::Text;
+using tessel::white;
+using textStyle::calloutSize;
+using textStyle::caption2Size;
+using textStyle::captionSize;
 
 namespace card {
 inline constexpr int width = 460;

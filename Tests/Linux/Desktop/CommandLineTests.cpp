@@ -23,6 +23,8 @@ TEST(CommandLine, EachOptionAsksForItsCommand)
 {
     EXPECT_EQ(parse({"--toggle"}).command, RemoteCommand::toggleHistory);
     EXPECT_EQ(parse({"--show"}).command, RemoteCommand::openHistory);
+    EXPECT_EQ(parse({"--settings"}).command, RemoteCommand::settings);
+    EXPECT_EQ(parse({"--about"}).command, RemoteCommand::about);
     EXPECT_EQ(parse({"--quit"}).command, RemoteCommand::quit);
     EXPECT_EQ(parse({"--version"}).purpose, CommandLine::Purpose::version);
     EXPECT_EQ(parse({"--help"}).purpose, CommandLine::Purpose::help);

@@ -24,12 +24,14 @@ public:
     };
     std::vector<Prepared> prepared;
     std::vector<NativeWindowHandle> madeKey;
+    std::vector<NativeWindowHandle> orderedFront;
 
     void preparePanel(NativeWindowHandle window, const PanelTraits& traits) override
     {
         prepared.push_back({window, traits});
     }
     void makeKeyAndOrderFront(NativeWindowHandle window) override { madeKey.push_back(window); }
+    void orderFront(NativeWindowHandle window) override { orderedFront.push_back(window); }
     bool blendsTranslucentWindows() const override { return blends; }
     bool blursBehindWindows() const override { return blurs; }
     void blurBehind(NativeWindowHandle, const PixelRegion& region) override { blurred = region; }

@@ -12,6 +12,7 @@
 
 #include "Panel/PanelFactory.h"
 #include "Panel/PanelSelection.h"
+#include "Windows/SecondaryWindows.h"
 
 namespace tessel::test {
 
@@ -53,6 +54,10 @@ void PanelDesktop::relaunch()
     quit();
     WindowFactory windows = windowFactory();
     windows.panel = panelFactory(nativeWindows, *application);
+    const SecondaryWindowNeeds needs = {theme, nativeWindows, *screens};
+    windows.settings = settingsFactory(needs);
+    windows.about = aboutFactory(needs);
+    windows.onboarding = onboardingFactory(needs);
     state = AppState::create(platform(), windows);
     queue->runPending();
 }

@@ -11,7 +11,9 @@
 #include "Panel/ClipboardPanelView.h"
 #include "Panel/ClipboardPanelWindow.h"
 #include "Panel/KeyCaptureView.h"
+#include "Support/FakeAppearance.h"
 #include "Support/FakeNativeWindows.h"
+#include "Windows/WindowTheme.h"
 
 class QImage;
 class QLabel;
@@ -19,7 +21,7 @@ class QWidget;
 
 namespace tessel::test {
 
-/// The desktop of fakes with the program's real panel on it.
+/// The desktop of fakes with the program's real windows on it.
 class PanelDesktop : public FakeDesktop {
 public:
     /// Starts the program.
@@ -59,6 +61,8 @@ public:
     void clickButton(std::string_view title);
 
     FakeNativeWindows nativeWindows;
+    FakeAppearance appearance;
+    WindowTheme theme{appearance};
 };
 
 /// What a widget and those in it draw, in device pixels, over nothing.

@@ -14,6 +14,8 @@ struct Action {
 constexpr std::array actions = {
     Action{RemoteCommand::openHistory, "open-history"},
     Action{RemoteCommand::toggleHistory, "toggle-history"},
+    Action{RemoteCommand::settings, "settings"},
+    Action{RemoteCommand::about, "about"},
     Action{RemoteCommand::quit, "quit"},
 };
 

@@ -76,6 +76,12 @@ bool ToolkitWindows::isShown(xcb_window_t window) const
     return std::find(shown_.begin(), shown_.end(), window) != shown_.end();
 }
 
+void ToolkitWindows::moveToFront(xcb_window_t window)
+{
+    if (std::erase(shown_, window) != 0)
+        shown_.push_back(window);
+}
+
 std::optional<QPoint> ToolkitWindows::cornerOf(xcb_window_t window)
 {
     for (const QWindow* candidate : QGuiApplication::topLevelWindows()) {

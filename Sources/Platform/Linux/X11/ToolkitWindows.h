@@ -36,10 +36,13 @@ public:
     bool owns(xcb_window_t window) const;
     /// Our window that has the user's focus, by the server's own events.
     std::optional<xcb_window_t> focusedWindow() const { return focused_; }
-    /// Our windows on screen that can have the focus, the most recently shown last.
+    /// Our windows on screen that can have the focus, the one in front last: the most recently shown, or
+    /// moved there since.
     const std::vector<xcb_window_t>& shownWindows() const { return shown_; }
     /// Is it one of the shown windows?
     bool isShown(xcb_window_t window) const;
+    /// A shown window becomes the one in front.
+    void moveToFront(xcb_window_t window);
     /// Where the top left corner of a window is or will be, in pixels. None: it is not one of ours.
     static std::optional<QPoint> cornerOf(xcb_window_t window);
 

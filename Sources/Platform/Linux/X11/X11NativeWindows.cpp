@@ -212,6 +212,17 @@ void X11NativeWindows::makeKeyAndOrderFront(NativeWindowHandle window)
     requestFocus(id);
 }
 
+void X11NativeWindows::orderFront(NativeWindowHandle window)
+{
+    const auto id = static_cast<xcb_window_t>(window);
+    if (!toolkitWindows_->isShown(id) || !connection_->isAlive())
+        return;
+    toolkitWindows_->moveToFront(id);
+    const std::array<std::uint32_t, 1> above = {XCB_STACK_MODE_ABOVE};
+    xcb_configure_window(toolkitWindows_->raw(), id, XCB_CONFIG_WINDOW_STACK_MODE, above.data());
+    xcb_flush(toolkitWindows_->raw());
+}
+
 void X11NativeWindows::requestFocus(xcb_window_t window)
 {
     xcb_connection_t* raw = toolkitWindows_->raw();

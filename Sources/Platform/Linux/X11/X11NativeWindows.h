@@ -29,6 +29,7 @@ public:
     void preparePanel(NativeWindowHandle window, const PanelTraits& traits) override;
     /// May be called right after the window has been shown, before it is on screen.
     void makeKeyAndOrderFront(NativeWindowHandle window) override;
+    void orderFront(NativeWindowHandle window) override;
     /// Known at any time without asking.
     bool blendsTranslucentWindows() const override { return compositingManager_ != noWindow; }
     /// Known at any time without asking.

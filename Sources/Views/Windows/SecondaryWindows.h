@@ -1,0 +1,31 @@
+#pragma once
+
+#include <functional>
+#include <memory>
+
+#include "WindowController.h"
+
+namespace tessel {
+
+class AppState;
+class NativeWindows;
+class Screens;
+class WindowTheme;
+
+/// What the windows beside the panel need of their surroundings, which outlive the windows and the factories.
+struct SecondaryWindowNeeds {
+    WindowTheme& theme;
+    NativeWindows& nativeWindows;
+    const Screens& screens;
+};
+
+using SecondaryWindowFactory = std::function<std::unique_ptr<WindowController>(AppState&)>;
+
+/// @name The entries of `WindowFactory` for the windows beside the panel.
+/// @{
+SecondaryWindowFactory settingsFactory(const SecondaryWindowNeeds& needs);
+SecondaryWindowFactory aboutFactory(const SecondaryWindowNeeds& needs);
+SecondaryWindowFactory onboardingFactory(const SecondaryWindowNeeds& needs);
+/// @}
+
+} // namespace tessel

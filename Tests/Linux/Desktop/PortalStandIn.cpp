@@ -1,0 +1,66 @@
+#include "PortalStandIn.h"
+
+#include <QtDBus/QDBusArgument>
+#include <QtDBus/QDBusMetaType>
+
+#include <stdexcept>
+
+namespace tessel {
+
+namespace {
+
+const QString connectionName = QStringLiteral("portal");
+
+} // namespace
+
+PortalStandIn::PortalStandIn(const QString& busAddress)
+    : bus_(QDBusConnection::connectToBus(busAddress, connectionName))
+{
+    qDBusRegisterMetaType<PortalSettings>();
+    bus_.registerObject(QStringLiteral("/org/freedesktop/portal/desktop"), this,
+                        QDBusConnection::ExportAllSlots | QDBusConnection::ExportAllSignals);
+}
+
+PortalStandIn::~PortalStandIn()
+{
+    QDBusConnection::disconnectFromBus(connectionName);
+}
+
+void PortalStandIn::hold(const QString& group, const QString& key, const QVariant& value)
+{
+    settings_[group][key] = value;
+}
+
+void PortalStandIn::change(const QString& group, const QString& key, const QVariant& value)
+{
+    hold(group, key, value);
+    emit SettingChanged(group, key, QDBusVariant(value));
+}
+
+void PortalStandIn::start()
+{
+    if (!bus_.registerService(QStringLiteral("org.freedesktop.portal.Desktop")))
+        throw std::runtime_error("the portal's name cannot be had");
+}
+
+QVariant PortalStandIn::color(double red, double green, double blue)
+{
+    QDBusArgument argument;
+    argument.beginStructure();
+    argument << red << green << blue;
+    argument.endStructure();
+    return QVariant::fromValue(argument);
+}
+
+PortalSettings PortalStandIn::ReadAll(const QStringList& namespaces)
+{
+    ++requests_;
+    PortalSettings answer;
+    for (const QString& group : namespaces) {
+        if (settings_.contains(group))
+            answer[group] = settings_[group];
+    }
+    return answer;
+}
+
+} // namespace tessel

@@ -1,0 +1,46 @@
+#pragma once
+
+#include <QtCore/QObject>
+#include <QtCore/QStringList>
+#include <QtDBus/QDBusConnection>
+#include <QtDBus/QDBusVariant>
+
+#include "Desktop/DesktopAppearance.h"
+
+namespace tessel {
+
+/// A settings portal on a bus, with what a test puts into it.
+class PortalStandIn : public QObject {
+    Q_OBJECT
+    Q_CLASSINFO("D-Bus Interface", "org.freedesktop.portal.Settings")
+
+public:
+    explicit PortalStandIn(const QString& busAddress);
+    ~PortalStandIn() override;
+
+    /// What it holds from the start; nobody is told.
+    void hold(const QString& group, const QString& key, const QVariant& value);
+    /// Changes a value and tells everybody.
+    void change(const QString& group, const QString& key, const QVariant& value);
+    /// Takes the portal's name. Throws where that fails.
+    void start();
+
+    /// How often somebody has asked for everything.
+    int requests() const { return requests_; }
+
+    /// A colour as the portal has it.
+    static QVariant color(double red, double green, double blue);
+
+public slots: // The interface's own names.
+    tessel::PortalSettings ReadAll(const QStringList& namespaces);
+
+signals:
+    void SettingChanged(const QString& group, const QString& key, const QDBusVariant& value);
+
+private:
+    QDBusConnection bus_;
+    PortalSettings settings_;
+    int requests_ = 0;
+};
+
+} // namespace tessel
