@@ -7,6 +7,8 @@
 #include <QtCore/QJsonDocument>
 #include <QtCore/QTemporaryDir>
 
+#include "FullDisk.h"
+
 namespace tessel {
 namespace {
 
@@ -112,6 +114,20 @@ TEST_F(JSONDefaultsStoreTest, ADirectoryInTheFilesPlaceIsLeftAlone)
     store.setString("policy", "oneDay");
     EXPECT_EQ(store.string("policy"), "oneDay");
     EXPECT_TRUE(QDir(path()).exists());
+}
+
+TEST_F(JSONDefaultsStoreTest, AFullDiskLosesNothing)
+{
+    JSONDefaultsStore store(path());
+    store.setDouble("number", 1);
+    const QByteArray before = read("settings.json");
+    {
+        const FullDisk disk(5);
+        store.setDouble("number", 2);
+    }
+    EXPECT_EQ(read("settings.json"), before);
+    EXPECT_EQ(files(), QStringList{"settings.json"});
+    EXPECT_EQ(store.number("number"), 2.0);
 }
 
 } // namespace
