@@ -3,9 +3,12 @@
 #include <gtest/gtest.h>
 
 #include <QtCore/QDir>
+#include <QtCore/QElapsedTimer>
 #include <QtCore/QFile>
 #include <QtCore/QProcess>
 #include <QtCore/QTemporaryDir>
+
+#include <thread>
 
 #include <sys/stat.h>
 #include <unistd.h>
@@ -43,6 +46,15 @@ protected:
     {
         QFile file(entry(where));
         return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+    }
+    static bool appears(const QString& path)
+    {
+        constexpr int patience = 60'000; // Milliseconds.
+        QElapsedTimer elapsed;
+        elapsed.start();
+        while (!QFile::exists(path) && elapsed.elapsed() < patience)
+            std::this_thread::yield();
+        return QFile::exists(path);
     }
     bool isEnabled() const { return item().status() == LoginItemStatus::enabled; }
     AutostartLoginItem item() const { return AutostartLoginItem(surroundings()); }
@@ -103,7 +115,7 @@ TEST_F(AutostartLoginItemTest, StartsTheProgramWhateverItsPath)
     launcher.start("gio", {"launch", entry("user")});
     ASSERT_TRUE(launcher.waitForFinished());
     EXPECT_EQ(launcher.exitCode(), 0) << launcher.readAllStandardError().toStdString();
-    EXPECT_TRUE(QFile::exists(path("started")));
+    EXPECT_TRUE(appears(path("started"))); // The launcher does not wait for the program.
 }
 
 TEST_F(AutostartLoginItemTest, AnEntryOfTheSystemCounts)
