@@ -191,13 +191,17 @@ INSTANTIATE_TEST_SUITE_P(
         Case{"Comments", "# One\n\n[Desktop Entry]\n# Two\nType=Application\nName=x\nExec=x\n", true}),
     [](const auto& each) { return std::string(each.param.name); });
 
-TEST_F(AutostartLoginItemTest, ALinkToNothingSwitchesOff)
+TEST_F(AutostartLoginItemTest, ALinkToADeviceSwitchesOff)
 {
     write("first", plain);
-    ASSERT_TRUE(QFile::link("/dev/null", entry("user")));
+    ASSERT_EQ(mkfifo(path("device").toUtf8().constData(), 0600), 0); // Stands for the null device.
+    ASSERT_TRUE(QFile::link(path("device"), entry("user")));
     EXPECT_FALSE(isEnabled());
     EXPECT_TRUE(item().registerItem());
     EXPECT_TRUE(isEnabled());
+    struct stat device = {};
+    ASSERT_EQ(stat(path("device").toUtf8().constData(), &device), 0);
+    EXPECT_TRUE(S_ISFIFO(device.st_mode)) << "what the link led to is gone";
 }
 
 TEST_F(AutostartLoginItemTest, APipeHoldsNobodyUp)

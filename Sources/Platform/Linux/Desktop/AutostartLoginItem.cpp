@@ -131,6 +131,9 @@ bool AutostartLoginItem::isInForce(const QString& path) const
 
 bool AutostartLoginItem::registerItem()
 {
+    // A link to nothing, or to the null device, is how some switch an entry off.
+    if (const QFileInfo there(userEntry()); there.isSymLink() && !there.isFile())
+        QFile::remove(userEntry());
     return writeWholeFile(userEntry(), entryFor(surroundings_.program).content()) &&
            status() == LoginItemStatus::enabled;
 }

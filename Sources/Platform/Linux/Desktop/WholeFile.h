@@ -5,8 +5,8 @@
 
 namespace tessel {
 
-/// Replaces a file by one with that content, whole or not at all. Its directory is made where it is missing.
-/// False: nothing has changed.
+/// Replaces a regular file, or nothing, by one with that content, whole or not at all. Its directory is made
+/// where it is missing. False: nothing has changed.
 bool writeWholeFile(const QString& path, const QByteArray& content);
 
 } // namespace tessel
