@@ -35,6 +35,25 @@
         <source>Cmd + Option + V</source>
         <translation>Cmd + Option + V</translation>
     </message>
+    <message>
+        <source>Infinity</source>
+        <translation>Unbegrenzt</translation>
+    </message>
+</context>
+<context>
+    <name>SecondaryWindows</name>
+    <message>
+        <source>Settings</source>
+        <translation>Einstellungen</translation>
+    </message>
+    <message>
+        <source>About Tessel Clipboard</source>
+        <translation>Über Tessel Clipboard</translation>
+    </message>
+    <message>
+        <source>Setup Required</source>
+        <translation>Einrichtung erforderlich</translation>
+    </message>
 </context>
 <context>
     <name>TrustPrompt</name>
@@ -122,6 +141,57 @@
     <message>
         <source>Delete</source>
         <translation>Löschen</translation>
+    </message>
+</context>
+<context>
+    <name>tessel::SettingsView</name>
+    <message>
+        <source>Settings</source>
+        <translation>Einstellungen</translation>
+    </message>
+    <message>
+        <source>Launch at login</source>
+        <translation>Bei der Anmeldung starten</translation>
+    </message>
+    <message>
+        <source>Automatically start Tessel Clipboard when you sign in.</source>
+        <translation>Tessel Clipboard startet mit der Anmeldung von selbst.</translation>
+    </message>
+    <message>
+        <source>Keyboard shortcut</source>
+        <translation>Tastenkürzel</translation>
+    </message>
+    <message>
+        <source>On a PC keyboard Cmd is the Super key, which is also called the Windows key, and Option is the Alt key.</source>
+        <translation>Auf einer PC-Tastatur ist Cmd die Super-Taste, auch Windows-Taste genannt, und Option die Alt-Taste.</translation>
+    </message>
+    <message>
+        <source>If one preset conflicts in your apps, switch to another.</source>
+        <translation>Ist ein Kürzel in einem Programm schon belegt, hilft ein anderes.</translation>
+    </message>
+    <message>
+        <source>Quick clear policy</source>
+        <translation>Automatisches Löschen</translation>
+    </message>
+    <message>
+        <source>Automatically remove older history items.</source>
+        <translation>Ältere Einträge werden von selbst entfernt.</translation>
+    </message>
+    <message>
+        <source>Panel transparency</source>
+        <translation>Transparenz des Fensters</translation>
+    </message>
+    <message>
+        <source>Lower value = more transparent, higher value = darker panel.</source>
+        <translation>Kleinerer Wert = durchsichtiger, größerer Wert = dunkler.</translation>
+    </message>
+    <message>
+        <source>Reset</source>
+        <translation>Zurücksetzen</translation>
+    </message>
+    <message>
+        <source>Close</source>
+        <translation>Schließen</translation>
     </message>
 </context>
 </TS>
