@@ -37,6 +37,21 @@
     </message>
 </context>
 <context>
+    <name>SecondaryWindows</name>
+    <message>
+        <source>Settings</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>About Tessel Clipboard</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Setup Required</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
     <name>TrustPrompt</name>
     <message>
         <source>Paste it yourself</source>
@@ -70,6 +85,13 @@
     <message>
         <source>Clipboard</source>
         <translation>Zwischenablage</translation>
+    </message>
+</context>
+<context>
+    <name>tessel::CloseButton</name>
+    <message>
+        <source>Close</source>
+        <translation type="unfinished">Schließen</translation>
     </message>
 </context>
 <context>
