@@ -42,7 +42,7 @@ SecondaryWindowFactory settingsFactory(const SecondaryWindowNeeds& needs)
         auto* view =
             new SettingsView(appState, needs.theme, closing(appState, &AppState::settingsController));
         return controllerOf(new ChromelessWindow(QCoreApplication::translate("SecondaryWindows", "Settings"),
-                                                 view, settingsSize, needs.theme),
+                                                 view, settingsSize, needs.theme, needs.nativeWindows),
                             needs);
     };
 }
@@ -53,7 +53,7 @@ SecondaryWindowFactory aboutFactory(const SecondaryWindowNeeds& needs)
         auto* view = new AboutView(appState, needs.theme, closing(appState, &AppState::aboutController));
         return controllerOf(
             new ChromelessWindow(QCoreApplication::translate("SecondaryWindows", "About Tessel Clipboard"),
-                                 view, aboutSize, needs.theme),
+                                 view, aboutSize, needs.theme, needs.nativeWindows),
             needs);
     };
 }
