@@ -10,7 +10,7 @@ struct Text;
 class WindowTheme;
 
 /// A plain text of a window, in a colour of its theme.
-class WindowLabel final : public QLabel {
+class WindowLabel : public QLabel {
     Q_OBJECT
 
 public:
