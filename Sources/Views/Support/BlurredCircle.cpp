@@ -5,6 +5,8 @@
 #include <numbers>
 #include <vector>
 
+#include "Support/OrderedDither.h"
+
 namespace tessel {
 
 namespace {
@@ -30,9 +32,10 @@ double between(const std::vector<double>& profile, double distance)
     return std::lerp(profile[index], profile[index + 1], distance - static_cast<double>(index));
 }
 
-QRgb premultiplied(const QColor& color, double opacity)
+/// The pixel of that opacity, whose fractions of levels are told by a dither.
+QRgb premultiplied(const QColor& color, double opacity, double dither)
 {
-    const auto share = [opacity](int level) { return static_cast<int>(std::lround(level * opacity)); };
+    const auto share = [&](int level) { return static_cast<int>(level * opacity + dither); };
     return qRgba(share(color.red()), share(color.green()), share(color.blue()), share(255));
 }
 
@@ -61,14 +64,12 @@ QImage BlurredCircle::picture(const QColor& color, double devicePixelRatio) cons
     const std::vector<double> profile = visibleProfile(*this, static_cast<double>(color.alphaF()));
     const int half = static_cast<int>(std::ceil(static_cast<double>(profile.size()) * devicePixelRatio));
     QImage image(2 * half, 2 * half, QImage::Format_ARGB32_Premultiplied);
-    for (int y = 0; y < half; ++y) {
-        auto* above = reinterpret_cast<QRgb*>(image.scanLine(half - 1 - y)) + half;
-        auto* below = reinterpret_cast<QRgb*>(image.scanLine(half + y)) + half;
-        for (int x = 0; x < half; ++x) {
-            const double distance = std::hypot(x + 0.5, y + 0.5) / devicePixelRatio;
+    for (int y = 0; y < image.height(); ++y) {
+        auto* row = reinterpret_cast<QRgb*>(image.scanLine(y));
+        for (int x = 0; x < image.width(); ++x) {
+            const double distance = std::hypot(x + 0.5 - half, y + 0.5 - half) / devicePixelRatio;
             const double opacity = static_cast<double>(color.alphaF()) * between(profile, distance);
-            const QRgb pixel = premultiplied(color, opacity);
-            above[x] = above[-1 - x] = below[x] = below[-1 - x] = pixel;
+            row[x] = premultiplied(color, opacity, static_cast<double>(orderedDither(x, y)));
         }
     }
     return image;

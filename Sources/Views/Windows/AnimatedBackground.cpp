@@ -9,8 +9,8 @@
 #include <cmath>
 
 #include "Support/BlurredCircle.h"
-#include "Support/ContinuousCorners.h"
 #include "Support/DevicePixels.h"
+#include "Support/FrameMaker.h"
 #include "Windows/WindowTheme.h"
 
 namespace tessel {
@@ -51,25 +51,16 @@ double phaseAfter(double seconds)
     return curve.valueForProgress(way <= 1 ? way : 2 - way);
 }
 
-/// The longest way along one axis is 40 points, so that each step is a point at most. The blurred edges are
-/// so soft that no pixel changes by more than one of 256 levels then; smaller steps would only cost more.
+/// The blurred edges are so soft that no pixel changes by more than one of 256 levels with such a step;
+/// smaller ones would only cost more.
 double inSteps(double phase)
 {
-    constexpr double steps = 40;
+    constexpr double steps = 24;
     return std::round(phase * steps) / steps;
 }
 
 /// More often than the circles take a step where they are fastest.
-constexpr int millisecondsPerFrame = 80;
-
-/// What is not covered by a rectangle's rounded corners.
-QPainterPath outside(const QRectF& rectangle, const QPainterPath& rounded)
-{
-    QPainterPath path;
-    path.addRect(rectangle);
-    path.addPath(rounded);
-    return path;
-}
+constexpr int millisecondsPerFrame = 120;
 
 } // namespace
 
@@ -139,25 +130,32 @@ void AnimatedBackground::timerEvent(QTimerEvent*)
 
 void AnimatedBackground::preparePictures(double devicePixelRatio)
 {
-    if (picturesRatio_ == devicePixelRatio && !pictures_.front().isNull())
+    if (picturesRatio_ == devicePixelRatio && !circlePictures_.front().isNull())
         return;
     picturesRatio_ = devicePixelRatio;
+    constexpr int nothingBeyondTheWindow = 0;
+    const FrameMaker frames(cornerRadius, nothingBeyondTheWindow, devicePixelRatio);
+    QImage shape = frames.blank();
+    frames.fill(shape, Qt::black);
+    shape_ = frames.patch(shape);
+    QImage outline = frames.blank();
+    frames.stroke(outline, {outlineWidth, theme_.colors().outline}, nothingBeyondTheWindow);
+    outline_ = frames.patch(outline);
     for (std::size_t index = 0; index < circleCount; ++index) {
         const DriftingCircle& circle = circles.at(index);
-        pictures_.at(index) = circle.shape.picture(theme_.colors().*circle.color, devicePixelRatio);
+        circlePictures_.at(index) = circle.shape.picture(theme_.colors().*circle.color, devicePixelRatio);
     }
 }
 
 void AnimatedBackground::paintCircles(QPainter& painter)
 {
     const double ratio = tessel::devicePixelRatio(painter);
-    preparePictures(ratio);
     const QPointF middle = QRectF(rect()).center();
     painter.save();
     // In device pixels pictures are copied, and not scaled.
     painter.scale(1 / ratio, 1 / ratio);
     for (std::size_t index = 0; index < circleCount; ++index) {
-        const QImage& picture = pictures_.at(index);
+        const QImage& picture = circlePictures_.at(index);
         const QPointF center = (middle + circles.at(index).offset(phase_)) * ratio;
         painter.drawImage(center.toPoint() - QRect(QPoint(), picture.size() / 2).bottomRight(), picture);
     }
@@ -167,22 +165,17 @@ void AnimatedBackground::paintCircles(QPainter& painter)
 void AnimatedBackground::paintEvent(QPaintEvent*)
 {
     QPainter painter(this);
+    preparePictures(tessel::devicePixelRatio(painter));
     const QRectF root = alignedToDevicePixels(painter, rect());
     painter.fillRect(root, theme_.colors().windowBackground);
     paintCircles(painter);
 
-    painter.setRenderHint(QPainter::Antialiasing);
-    const QPainterPath shape = continuousRoundedRectangle(root, cornerRadius);
     if (windowBlending_ == WindowBlending::translucent) {
-        painter.setCompositionMode(QPainter::CompositionMode_Clear);
-        painter.fillPath(outside(root, shape), Qt::black);
+        painter.setCompositionMode(QPainter::CompositionMode_DestinationIn);
+        shape_.drawCorners(painter, root);
         painter.setCompositionMode(QPainter::CompositionMode_SourceOver);
     }
-    // Wholly inside, because the window ends there.
-    constexpr double inset = outlineWidth / 2;
-    painter.strokePath(
-        continuousRoundedRectangle(root.adjusted(inset, inset, -inset, -inset), cornerRadius - inset),
-        QPen(theme_.colors().outline, outlineWidth));
+    outline_.draw(painter, root);
 }
 
 } // namespace tessel

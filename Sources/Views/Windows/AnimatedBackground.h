@@ -7,6 +7,7 @@
 #include <QtGui/QImage>
 #include <QtWidgets/QWidget>
 
+#include "Support/NinePatch.h"
 #include "Support/WindowBlending.h"
 
 namespace tessel {
@@ -44,7 +45,7 @@ private:
     static constexpr std::size_t circleCount = 2;
 
     void restOrDrift();
-    void forgetPictures() { pictures_ = {}; }
+    void forgetPictures() { circlePictures_ = {}; }
     void preparePictures(double devicePixelRatio);
     void paintCircles(QPainter& painter);
 
@@ -54,8 +55,13 @@ private:
     QBasicTimer frames_;
     /// How far the circles are on their way, 0 to 1.
     double phase_ = 0;
-    std::array<QImage, circleCount> pictures_;
+    /// @name What is drawn, in pictures of one scale.
+    /// @{
+    std::array<QImage, circleCount> circlePictures_;
+    NinePatch shape_;
+    NinePatch outline_;
     double picturesRatio_ = 0;
+    /// @}
 };
 
 } // namespace tessel

@@ -9,8 +9,6 @@
 #include <utility>
 
 #include "Accessibility/AccessibleLink.h"
-#include "Support/DevicePixels.h"
-#include "Support/Symbol.h"
 #include "Windows/WindowTheme.h"
 
 namespace tessel {
@@ -57,10 +55,7 @@ void LinkButton::paintEvent(QPaintEvent*)
         return QStyle::visualRect(layoutDirection(), rect(), rectangle);
     };
     const QColor& color = theme_.colors().linkText;
-    const QRect symbol = place({0, (height() - symbolSide) / 2, symbolSide, symbolSide});
-    painter.drawImage(
-        alignedToDevicePixels(painter, symbol),
-        renderedSymbol(QStringLiteral("link"), symbol.size(), color, tessel::devicePixelRatio(painter)));
+    symbol_.draw(painter, place({0, (height() - symbolSide) / 2, symbolSide, symbolSide}), color);
 
     const int textLeft = symbolSide + spacing;
     const QRect line =

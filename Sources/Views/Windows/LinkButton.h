@@ -4,6 +4,7 @@
 
 #include <QtWidgets/QAbstractButton>
 
+#include "Support/SymbolPicture.h"
 #include "Support/TextStyle.h"
 
 namespace tessel {
@@ -27,6 +28,7 @@ protected:
 private:
     const WindowTheme& theme_;
     TextStyle style_;
+    SymbolPicture symbol_{QStringLiteral("link")};
     QSize size_;
 };
 

@@ -4,7 +4,6 @@
 #include <QtWidgets/QHBoxLayout>
 #include <QtWidgets/QVBoxLayout>
 
-#include "Support/ContinuousCorners.h"
 #include "Support/DevicePixels.h"
 #include "Support/TextStyle.h"
 #include "Windows/KeyLabel.h"
@@ -26,6 +25,7 @@ constexpr QSize symbolSize(16, 12);
 
 ShortcutCard::ShortcutCard(const WindowTheme& theme)
     : theme_(theme)
+    , card_(cornerRadius, outlineWidth)
     , rows_(new QVBoxLayout(this))
 {
     rows_->setContentsMargins(padding, padding, padding, padding);
@@ -60,13 +60,8 @@ void ShortcutCard::setHotKey(const QString& keys)
 void ShortcutCard::paintEvent(QPaintEvent*)
 {
     QPainter painter(this);
-    painter.setRenderHint(QPainter::Antialiasing);
-    const QRectF card = alignedToDevicePixels(painter, rect());
-    painter.fillPath(continuousRoundedRectangle(card, cornerRadius), theme_.colors().cardFill);
-    constexpr double inset = outlineWidth / 2; // The line is inside, because the view ends there.
-    painter.strokePath(
-        continuousRoundedRectangle(card.adjusted(inset, inset, -inset, -inset), cornerRadius - inset),
-        QPen(theme_.colors().outline, outlineWidth));
+    card_.draw(painter, alignedToDevicePixels(painter, rect()), theme_.colors().cardFill,
+               theme_.colors().outline);
 }
 
 } // namespace tessel

@@ -2,6 +2,8 @@
 
 #include <QtWidgets/QWidget>
 
+#include "Support/CardPicture.h"
+
 class QLabel;
 class QVBoxLayout;
 
@@ -28,6 +30,7 @@ private:
     QLabel* addRow(const QString& symbol, const QString& title, const QString& keys);
 
     const WindowTheme& theme_;
+    CardPicture card_;
     QVBoxLayout* rows_;
     QLabel* hotKey_;
 };

@@ -2,14 +2,12 @@
 
 #include <QtGui/QPainter>
 
-#include "Support/DevicePixels.h"
-#include "Support/Symbol.h"
 #include "Windows/WindowTheme.h"
 
 namespace tessel {
 
 SymbolView::SymbolView(const QString& name, QSize size, WindowLabel::Color color, const WindowTheme& theme)
-    : name_(name)
+    : symbol_(name)
     , color_(color)
     , theme_(theme)
 {
@@ -20,9 +18,7 @@ SymbolView::SymbolView(const QString& name, QSize size, WindowLabel::Color color
 void SymbolView::paintEvent(QPaintEvent*)
 {
     QPainter painter(this);
-    painter.drawImage(
-        alignedToDevicePixels(painter, rect()),
-        renderedSymbol(name_, size(), theme_.colors().*color_, tessel::devicePixelRatio(painter)));
+    symbol_.draw(painter, rect(), theme_.colors().*color_);
 }
 
 } // namespace tessel

@@ -2,6 +2,7 @@
 
 #include <QtWidgets/QWidget>
 
+#include "Support/SymbolPicture.h"
 #include "Windows/WindowLabel.h"
 
 namespace tessel {
@@ -20,7 +21,7 @@ protected:
     void paintEvent(QPaintEvent* event) override;
 
 private:
-    const QString name_;
+    SymbolPicture symbol_;
     const WindowLabel::Color color_;
     const WindowTheme& theme_;
 };
