@@ -109,7 +109,6 @@ int run(int& argumentCount, char** arguments, const CommandLine& line)
     QApplication::setQuitOnLastWindowClosed(false);
     const QApplication application(argumentCount, arguments);
     QApplication::setApplicationName(QStringLiteral("tessel-clipboard"));
-    QApplication::setApplicationDisplayName(QStringLiteral("Tessel Clipboard"));
     QApplication::setApplicationVersion(QStringLiteral(TESSEL_VERSION));
 
     const Translations translations(QLocale::system().uiLanguages());
