@@ -65,8 +65,9 @@ public:
 private:
     WindowFactory windowFactory()
     {
-        const SecondaryWindowNeeds needs = {windowTheme_, backend_.nativeWindows(),
-                                            *backend_.platform().screens};
+        const Platform& platform = backend_.platform();
+        const SecondaryWindowNeeds needs = {windowTheme_, backend_.nativeWindows(), *platform.screens,
+                                            *platform.workspace};
         return {.panel = panelFactory(backend_.nativeWindows(), *backend_.platform().application),
                 .settings = settingsFactory(needs),
                 .about = aboutFactory(needs),
@@ -108,7 +109,6 @@ int run(int& argumentCount, char** arguments, const CommandLine& line)
     QApplication::setQuitOnLastWindowClosed(false);
     const QApplication application(argumentCount, arguments);
     QApplication::setApplicationName(QStringLiteral("tessel-clipboard"));
-    QApplication::setApplicationDisplayName(QStringLiteral("Tessel Clipboard"));
     QApplication::setApplicationVersion(QStringLiteral(TESSEL_VERSION));
 
     const Translations translations(QLocale::system().uiLanguages());

@@ -115,6 +115,20 @@ ScreenReader::Tree ScreenReader::waitForTree(const std::string& awaited,
     return nodes;
 }
 
+AccessibleNode ScreenReader::waitForNode(const std::string& role, const std::string& name)
+{
+    AccessibleNode found;
+    waitForTree("the " + role + " \"" + name + "\"", [&](const Tree& tree) {
+        const auto node = std::find_if(tree.begin(), tree.end(), [&](const AccessibleNode& candidate) {
+            return candidate.role == role && candidate.name == name && candidate.is("showing");
+        });
+        if (node != tree.end())
+            found = *node;
+        return node != tree.end();
+    });
+    return found;
+}
+
 bool ScreenReader::hasHeard(const std::string& type) const
 {
     return std::any_of(events_.begin(), events_.end(),

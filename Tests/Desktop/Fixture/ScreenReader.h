@@ -49,6 +49,8 @@ public:
     Tree read();
     /// Reads until the tree is as it has to be, and returns it.
     Tree waitForTree(const std::string& awaited, const std::function<bool(const Tree&)>& condition);
+    /// Reads until a node of that role and name is to be seen, and returns it.
+    AccessibleNode waitForNode(const std::string& role, const std::string& name);
     /// The next event of that type at a node of that name, with `detail` where that is given; earlier ones
     /// are dropped.
     AccessibleEvent waitForEvent(const std::string& type, const std::string& name,

@@ -167,6 +167,19 @@ void WindowSearch::makeFullScreen(xcb_window_t window) const
     });
 }
 
+void WindowSearch::move(xcb_window_t window, int x, int y) const
+{
+    const std::array values{static_cast<std::uint32_t>(x), static_cast<std::uint32_t>(y)};
+    xcb_configure_window(connection_.get(), window, XCB_CONFIG_WINDOW_X | XCB_CONFIG_WINDOW_Y, values.data());
+    connection_.flush();
+}
+
+void WindowSearch::minimise(xcb_window_t window) const
+{
+    constexpr std::uint32_t iconicState = 3;
+    requestOfWindowManager(window, "WM_CHANGE_STATE", {iconicState});
+}
+
 void WindowSearch::requestOfWindowManager(xcb_window_t window, std::string_view request,
                                           const std::array<std::uint32_t, 5>& details) const
 {

@@ -69,6 +69,10 @@ public:
     /// Asks the window manager to give a window the whole screen (EWMH, `_NET_WM_STATE_FULLSCREEN`), and
     /// returns when it has it.
     void makeFullScreen(xcb_window_t window) const;
+    /// Asks the window manager to move a window without decoration there.
+    void move(xcb_window_t window, int x, int y) const;
+    /// Asks the window manager to make an icon of a window, as its user would (ICCCM section 4.1.4).
+    void minimise(xcb_window_t window) const;
     /// The names of the atoms in a property such as `_NET_WM_STATE`.
     std::vector<std::string> atomNames(xcb_window_t window, std::string_view property) const;
 

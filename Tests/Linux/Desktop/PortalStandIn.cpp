@@ -43,6 +43,13 @@ void PortalStandIn::start()
         throw std::runtime_error("the portal's name cannot be had");
 }
 
+void PortalStandIn::giveAnswers()
+{
+    keepsAnswers_ = false;
+    for (const QDBusMessage& answer : std::exchange(keptAnswers_, {}))
+        bus_.send(answer);
+}
+
 QVariant PortalStandIn::color(double red, double green, double blue)
 {
     QDBusArgument argument;
@@ -59,6 +66,14 @@ PortalSettings PortalStandIn::ReadAll(const QStringList& namespaces)
     for (const QString& group : namespaces) {
         if (settings_.contains(group))
             answer[group] = settings_[group];
+    }
+    if (talksNonsense_) {
+        setDelayedReply(true);
+        bus_.send(message().createReply(QStringLiteral("nonsense")));
+    }
+    if (keepsAnswers_) {
+        setDelayedReply(true);
+        keptAnswers_.push_back(message().createReply(QVariant::fromValue(answer)));
     }
     return answer;
 }

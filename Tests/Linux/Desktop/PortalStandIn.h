@@ -3,14 +3,19 @@
 #include <QtCore/QObject>
 #include <QtCore/QStringList>
 #include <QtDBus/QDBusConnection>
+#include <QtDBus/QDBusContext>
+#include <QtDBus/QDBusMessage>
 #include <QtDBus/QDBusVariant>
+
+#include <utility>
+#include <vector>
 
 #include "Desktop/DesktopAppearance.h"
 
 namespace tessel {
 
 /// A settings portal on a bus, with what a test puts into it.
-class PortalStandIn : public QObject {
+class PortalStandIn : public QObject, protected QDBusContext {
     Q_OBJECT
     Q_CLASSINFO("D-Bus Interface", "org.freedesktop.portal.Settings")
 
@@ -24,6 +29,13 @@ public:
     void change(const QString& group, const QString& key, const QVariant& value);
     /// Takes the portal's name. Throws where that fails.
     void start();
+
+    /// From now on it remembers what it would answer, and says nothing.
+    void keepAnswers() { keepsAnswers_ = true; }
+    /// Answers what it was asked meanwhile, with what it held when it was asked, and goes on doing so.
+    void giveAnswers();
+    /// From now on it answers with a text where settings are awaited.
+    void talkNonsense() { talksNonsense_ = true; }
 
     /// How often somebody has asked for everything.
     int requests() const { return requests_; }
@@ -40,6 +52,9 @@ signals:
 private:
     QDBusConnection bus_;
     PortalSettings settings_;
+    bool keepsAnswers_ = false;
+    bool talksNonsense_ = false;
+    std::vector<QDBusMessage> keptAnswers_;
     int requests_ = 0;
 };
 

@@ -68,6 +68,13 @@ void OtherWindow::takeFocusInside()
     xcb_flush(connection_);
 }
 
+void OtherWindow::raise()
+{
+    const std::uint32_t above = XCB_STACK_MODE_ABOVE;
+    xcb_configure_window(connection_, window_, XCB_CONFIG_WINDOW_STACK_MODE, &above);
+    xcb_flush(connection_);
+}
+
 void OtherWindow::closeWindow()
 {
     xcb_destroy_window(connection_, window_);

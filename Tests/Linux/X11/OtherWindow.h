@@ -36,6 +36,8 @@ public:
     void takeFocus();
     /// Gives the focus to a window inside this one, which is created for it.
     void takeFocusInside();
+    /// Asks to be above the others.
+    void raise();
     void closeWindow();
     void setProperty(const std::string& name, xcb_atom_t type, const std::vector<std::uint32_t>& units);
     /// The window manager answers with a property of the window (EWMH), once it has done what it was asked

@@ -31,6 +31,30 @@ protected:
         return reply != nullptr;
     }
 
+    void openOnBehalfOfTheUser(TestPanel& window)
+    {
+        this->room.userTime->note(*this->room.connection->currentServerTime());
+        window.open(this->room);
+        ASSERT_TRUE(waitUntil([&] { return this->room.toolkitWindows->focusedWindow() == window.id(); }));
+    }
+
+    /// Is `upper` stacked above `lower`, each with the frame that a window manager may have put around it?
+    bool isAbove(xcb_window_t upper, xcb_window_t lower)
+    {
+        auto& connection = *this->room.connection;
+        const auto tree =
+            connection.wait(xcb_query_tree_reply, xcb_query_tree(connection.raw(), connection.root()));
+        const std::span children(xcb_query_tree_children(tree.get()), tree->children_len);
+        return std::ranges::find(children, childOfRoot(upper)) >
+               std::ranges::find(children, childOfRoot(lower));
+    }
+    xcb_window_t childOfRoot(xcb_window_t window)
+    {
+        auto& connection = *this->room.connection;
+        const auto tree = connection.wait(xcb_query_tree_reply, xcb_query_tree(connection.raw(), window));
+        return tree->parent == connection.root() ? window : childOfRoot(tree->parent);
+    }
+
     std::vector<std::uint32_t> property(xcb_window_t window, xcb_atom_t name)
     {
         auto* raw = this->room.connection->raw();
@@ -259,6 +283,108 @@ TEST_F(X11NativeWindowsBareTests, aPanelThatFollowsAnotherAtOnceGivesTheFocusBac
     ASSERT_TRUE(waitUntil([&] { return room.toolkitWindows->focusedWindow() == second.id(); }));
     second.hide();
     EXPECT_TRUE(waitUntil([&] { return other.hasFocus(); }));
+}
+
+TEST_F(X11NativeWindowsBareTests, everyWindowGivesTheFocusBackToWhoHadItBeforeIt)
+{
+    OtherWindow other;
+    other.show();
+    other.takeFocus();
+    ASSERT_TRUE(waitUntil([&] { return other.hasFocus(); }));
+    TestPanel settings;
+    TestPanel panel;
+    openOnBehalfOfTheUser(settings);
+    openOnBehalfOfTheUser(panel);
+    panel.hide();
+    ASSERT_TRUE(waitUntil([&] { return room.toolkitWindows->focusedWindow() == settings.id(); }));
+    settings.hide();
+    EXPECT_TRUE(waitUntil([&] { return other.hasFocus(); }));
+}
+
+TEST_F(X11NativeWindowsBareTests, aWindowThatHasGoneMeanwhileIsPassedOver)
+{
+    OtherWindow other;
+    other.show();
+    other.takeFocus();
+    ASSERT_TRUE(waitUntil([&] { return other.hasFocus(); }));
+    TestPanel settings;
+    TestPanel panel;
+    openOnBehalfOfTheUser(settings);
+    openOnBehalfOfTheUser(panel);
+    bool isUnmapped = false;
+    const Token token = room.toolkitWindows->observeUnmapping([&](xcb_window_t) { isUnmapped = true; });
+    settings.hide();
+    ASSERT_TRUE(waitUntil([&] { return isUnmapped; }));
+    ASSERT_TRUE(everythingIsAnswered());
+    panel.hide();
+    EXPECT_TRUE(waitUntil([&] { return other.hasFocus(); }));
+}
+
+TEST_F(X11NativeWindowsBareTests, theFocusGoesBackToWhoHadItLastNotFirst)
+{
+    OtherWindow first;
+    OtherWindow second;
+    first.show();
+    second.show();
+    first.takeFocus();
+    ASSERT_TRUE(waitUntil([&] { return first.hasFocus(); }));
+    TestPanel settings;
+    openOnBehalfOfTheUser(settings);
+    second.takeFocus();
+    ASSERT_TRUE(waitUntil([&] { return second.hasFocus() && !room.toolkitWindows->focusedWindow(); }));
+    openOnBehalfOfTheUser(settings);
+    settings.hide();
+    EXPECT_TRUE(waitUntil([&] { return second.hasFocus(); }));
+}
+
+TEST_F(X11NativeWindowsBareTests, orderFrontRaisesAndLeavesTheFocus)
+{
+    TestPanel ours;
+    openOnBehalfOfTheUser(ours);
+    OtherWindow other;
+    other.show();
+    other.takeFocus();
+    ASSERT_TRUE(waitUntil([&] { return other.hasFocus() && isAbove(other.id(), ours.id()); }));
+    room.nativeWindows->orderFront(ours.handle());
+    EXPECT_TRUE(waitUntil([&] { return isAbove(ours.id(), other.id()); }));
+    ASSERT_TRUE(everythingIsAnswered());
+    other.synchronize();
+    EXPECT_TRUE(other.hasFocus());
+}
+
+TEST_F(X11NativeWindowsManagedTests, orderFrontRaisesAndLeavesTheFocus)
+{
+    TestPanel ours; // Not prepared: an ordinary window.
+    ours.setWindowFlags(Qt::Window | Qt::FramelessWindowHint);
+    openOnBehalfOfTheUser(ours);
+    OtherWindow other;
+    other.show();
+    ASSERT_TRUE(waitUntil([&] { return other.isMapped(); }));
+    other.takeFocus();
+    ASSERT_TRUE(waitUntil([&] { return other.hasFocus(); }));
+    other.raise();
+    ASSERT_TRUE(waitUntil([&] { return isAbove(other.id(), ours.id()); }));
+    room.nativeWindows->orderFront(ours.handle());
+    EXPECT_TRUE(waitUntil([&] { return isAbove(ours.id(), other.id()); }));
+    ASSERT_TRUE(everythingIsAnswered());
+    other.synchronize();
+    EXPECT_TRUE(other.hasFocus());
+}
+
+TEST_F(X11NativeWindowsManagedTests, theApplicationsActivationGivesTheFocusToTheWindowOrderedFront)
+{
+    TestPanel settings;
+    TestPanel about;
+    openOnBehalfOfTheUser(settings);
+    openOnBehalfOfTheUser(about);
+    OtherWindow other;
+    other.show();
+    other.takeFocus();
+    ASSERT_TRUE(waitUntil([&] { return other.hasFocus() && !room.toolkitWindows->focusedWindow(); }));
+    room.userTime->note(*room.connection->currentServerTime());
+    room.nativeWindows->orderFront(settings.handle());
+    room.application->activate(IgnoringOtherApps::yes);
+    EXPECT_TRUE(waitUntil([&] { return room.toolkitWindows->focusedWindow() == settings.id(); }));
 }
 
 TEST_F(X11NativeWindowsBareTests, aCompositingManagerIsNoticedAsItComesAndGoes)

@@ -4,7 +4,6 @@
 #include <QtDBus/QDBusArgument>
 #include <QtDBus/QDBusMessage>
 #include <QtDBus/QDBusMetaType>
-#include <QtDBus/QDBusPendingCallWatcher>
 #include <QtDBus/QDBusPendingReply>
 #include <QtGui/QGuiApplication>
 #include <QtGui/QPalette>
@@ -47,18 +46,27 @@ bool isPartOfColor(double value)
 DesktopAppearance::DesktopAppearance(const QDBusConnection& bus)
     : bus_(bus)
 {
+    // The toolkit registers the latter on a thread of its own, and refuses slots that take one before.
     qDBusRegisterMetaType<PortalSettings>();
+    qRegisterMetaType<QDBusVariant>();
     qGuiApp->installEventFilter(this);
-    if (bus_.isConnected()) {
-        watcher_.setConnection(bus_);
-        watcher_.addWatchedService(portalService);
-        connect(&watcher_, &QDBusServiceWatcher::serviceRegistered, this, &DesktopAppearance::askPortal);
-        connect(&watcher_, &QDBusServiceWatcher::serviceUnregistered, this, &DesktopAppearance::portalDidGo);
-        bus_.connect(portalService, portalPath, portalInterface, QStringLiteral("SettingChanged"), this,
-                     SLOT(settingDidChange(QString, QString, QDBusVariant)));
-        askPortal();
-    }
+    if (bus_.isConnected())
+        followPortal();
     update();
+}
+
+void DesktopAppearance::followPortal()
+{
+    watcher_.setConnection(bus_);
+    watcher_.addWatchedService(portalService);
+    connect(&watcher_, &QDBusServiceWatcher::serviceRegistered, this, &DesktopAppearance::askPortal);
+    connect(&watcher_, &QDBusServiceWatcher::serviceUnregistered, this, &DesktopAppearance::portalDidGo);
+    // With the sender's name the toolkit would ask the bus for its owner, and wait for the answer.
+    const QString anySender;
+    for (const QString& group : {appearanceGroup, gnomeGroup, plasmaGroup})
+        bus_.connect(anySender, portalPath, portalInterface, QStringLiteral("SettingChanged"), {group},
+                     QString(), this, SLOT(settingDidChange(QString, QString, QDBusVariant)));
+    askPortal();
 }
 
 Token DesktopAppearance::observe(std::function<void()> didChange)
@@ -72,19 +80,23 @@ void DesktopAppearance::askPortal()
         QDBusMessage::createMethodCall(portalService, portalPath, portalInterface, QStringLiteral("ReadAll"));
     call << QStringList{appearanceGroup, gnomeGroup, plasmaGroup};
     call.setAutoStartService(false);
-    auto* answer = new QDBusPendingCallWatcher(bus_.asyncCall(call), this);
-    connect(answer, &QDBusPendingCallWatcher::finished, this, [this, answer] {
-        answer->deleteLater();
-        const QDBusPendingReply<PortalSettings> reply = *answer;
-        if (reply.isError())
-            return;
-        portal_ = reply.value();
-        update();
-    });
+    answer_ = std::make_unique<QDBusPendingCallWatcher>(bus_.asyncCall(call));
+    connect(answer_.get(), &QDBusPendingCallWatcher::finished, this, &DesktopAppearance::portalDidAnswer);
+}
+
+void DesktopAppearance::portalDidAnswer()
+{
+    const QDBusPendingReply<PortalSettings> reply = *answer_;
+    answer_.release()->deleteLater(); // It is telling us at this moment.
+    if (reply.isError())
+        return;
+    portal_ = reply.value();
+    update();
 }
 
 void DesktopAppearance::portalDidGo()
 {
+    answer_.reset();
     portal_.clear();
     update();
 }
@@ -92,6 +104,9 @@ void DesktopAppearance::portalDidGo()
 void DesktopAppearance::settingDidChange(const QString& group, const QString& key, const QDBusVariant& value)
 {
     portal_[group][key] = value.variant();
+    // An answer that is on its way may be older than this.
+    if (answer_)
+        askPortal();
     update();
 }
 
@@ -149,10 +164,11 @@ bool DesktopAppearance::reducesMotion() const
     if (portalValue(appearanceGroup, QStringLiteral("reduced-motion")).toUInt() == 1)
         return true;
     const QVariant animations = portalValue(gnomeGroup, QStringLiteral("enable-animations"));
-    if (animations.isValid())
+    if (animations.typeId() == QMetaType::Bool)
         return !animations.toBool();
+    bool isNumber = false;
     const QVariant factor = portalValue(plasmaGroup, QStringLiteral("AnimationDurationFactor"));
-    return factor.isValid() && factor.toDouble() == 0;
+    return factor.toDouble(&isNumber) == 0 && isNumber;
 }
 
 } // namespace tessel

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <memory>
 #include <optional>
 
 #include <QtCore/QMap>
@@ -7,6 +8,7 @@
 #include <QtCore/QString>
 #include <QtCore/QVariantMap>
 #include <QtDBus/QDBusConnection>
+#include <QtDBus/QDBusPendingCallWatcher>
 #include <QtDBus/QDBusServiceWatcher>
 #include <QtDBus/QDBusVariant>
 
@@ -36,7 +38,10 @@ private slots:
 
 private:
     bool eventFilter(QObject* object, QEvent* event) override;
+    void followPortal();
+    /// An earlier question, if there is one on its way, is forgotten.
     void askPortal();
+    void portalDidAnswer();
     void portalDidGo();
     void update();
     QVariant portalValue(const QString& group, const QString& key) const;
@@ -48,6 +53,8 @@ private:
     QDBusConnection bus_;
     QDBusServiceWatcher watcher_;
     PortalSettings portal_;
+    /// None: no question is on its way.
+    std::unique_ptr<QDBusPendingCallWatcher> answer_;
     AppearanceSettings settings_;
     ObserverList<> observers_;
 };

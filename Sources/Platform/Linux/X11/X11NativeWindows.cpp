@@ -240,8 +240,13 @@ void X11NativeWindows::requestFocus(xcb_window_t window)
 void X11NativeWindows::takeFocus(xcb_window_t window, xcb_timestamp_t time)
 {
     // The window that has just gone may not have given its focus back yet: that is this one's task now.
-    if (focusBefore_ && !toolkitWindows_->isShown(focusBefore_->window))
-        focusBefore_->window = window;
+    const auto gone = std::ranges::find_if(
+        focusBefore_, [this](const auto& entry) { return !toolkitWindows_->isShown(entry.first); });
+    if (gone != focusBefore_.end() && !focusBefore_.contains(window)) {
+        auto task = focusBefore_.extract(gone);
+        task.key() = window;
+        focusBefore_.insert(std::move(task));
+    }
     // A second request would come after the first one has had its effect, and after what followed from that.
     if (std::exchange(takesFocus_, window) == window)
         return;
@@ -261,9 +266,15 @@ void X11NativeWindows::takeFocus(xcb_window_t window, xcb_timestamp_t time)
 
 void X11NativeWindows::rememberFocus(xcb_window_t window, xcb_window_t focus)
 {
-    const bool isKnown = focusBefore_ && focusBefore_->window == window;
-    if (!isKnown && focus != window)
-        focusBefore_ = {window, focus};
+    const bool isKnown = focusBefore_.contains(window);
+    const bool isGoing = toolkitWindows_->owns(focus) && !toolkitWindows_->isShown(focus);
+    if (focus != window && !(isKnown && (isNobodys(focus) || isGoing)))
+        focusBefore_[window] = focus;
+}
+
+bool X11NativeWindows::isNobodys(xcb_window_t focus) const
+{
+    return focus <= XCB_INPUT_FOCUS_POINTER_ROOT || focus == connection_->root();
 }
 
 void X11NativeWindows::whenFocusIsKnown(std::function<void(xcb_window_t)> handler)
@@ -279,25 +290,31 @@ void X11NativeWindows::whenFocusIsKnown(std::function<void(xcb_window_t)> handle
 void X11NativeWindows::windowDidUnmap(xcb_window_t window)
 {
     mapped_.erase(window);
-    if (!focusBefore_ || focusBefore_->window != window || !connection_->isAlive())
+    if (!focusBefore_.contains(window) || !connection_->isAlive())
         return;
     whenFocusIsKnown([this, window](xcb_window_t focus) {
         // It may have come back, or another one may have taken over meanwhile.
-        if (!focusBefore_ || focusBefore_->window != window || toolkitWindows_->isShown(window))
+        const auto found = focusBefore_.find(window);
+        if (found == focusBefore_.end() || toolkitWindows_->isShown(window))
             return;
-        // The server has given the focus of the hidden window to the root window. Anywhere else somebody else
-        // has put it.
-        if (focus == connection_->root() && !windowManager_->maintainsActiveWindow())
-            giveFocusBack();
-        focusBefore_.reset();
+        const xcb_window_t focusThen = found->second;
+        focusBefore_.erase(found);
+        // Whoever was to give the focus back to this window gives it to who had it before.
+        for (auto& [other, before] : focusBefore_) {
+            if (before == window)
+                before = focusThen;
+        }
+        // The server has taken the focus from the hidden window. Where it is anybody's, somebody has put it.
+        if (isNobodys(focus) && !windowManager_->maintainsActiveWindow())
+            giveFocusBack(focusThen);
     });
 }
 
-void X11NativeWindows::giveFocusBack()
+void X11NativeWindows::giveFocusBack(xcb_window_t focus)
 {
     xcb_connection_t* raw = toolkitWindows_->raw();
-    const auto cookie = xcb_set_input_focus_checked(raw, XCB_INPUT_FOCUS_POINTER_ROOT, focusBefore_->focus,
-                                                    userTime_->last());
+    const auto cookie =
+        xcb_set_input_focus_checked(raw, XCB_INPUT_FOCUS_POINTER_ROOT, focus, userTime_->last());
     xcb_discard_reply(raw, cookie.sequence); // That window may have gone.
     xcb_flush(raw);
 }

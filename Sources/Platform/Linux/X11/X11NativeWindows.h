@@ -49,12 +49,6 @@ private:
         /// Where it is to be once it is mapped, in pixels.
         std::optional<QPoint> corner;
     };
-    /// Who had the focus when `window` took it.
-    struct FocusBefore {
-        xcb_window_t window = noWindow;
-        xcb_window_t focus = noWindow;
-    };
-
     void windowWillShow(xcb_window_t window, QPoint corner);
     void windowDidMap(xcb_window_t window);
     void windowDidUnmap(xcb_window_t window);
@@ -65,7 +59,9 @@ private:
     void requestFocus(xcb_window_t window);
     void takeFocus(xcb_window_t window, xcb_timestamp_t time);
     void rememberFocus(xcb_window_t window, xcb_window_t focus);
-    void giveFocusBack();
+    /// True where the server leaves the focus when the window that had it goes.
+    bool isNobodys(xcb_window_t focus) const;
+    void giveFocusBack(xcb_window_t focus);
     /// Runs `handler` with the window that has the focus at this moment, on a later turn.
     void whenFocusIsKnown(std::function<void(xcb_window_t focus)> handler);
     void setUnits(xcb_window_t window, xcb_atom_t property, xcb_atom_t type,
@@ -84,8 +80,8 @@ private:
     std::optional<xcb_window_t> wantsFocus_;
     /// The window that takes the focus as soon as it is known who has it, where no window manager gives it.
     std::optional<xcb_window_t> takesFocus_;
-    /// Only where no window manager gives the focus back.
-    std::optional<FocusBefore> focusBefore_;
+    /// Who had the focus when a window of ours took it. Only where no window manager gives the focus back.
+    std::map<xcb_window_t, xcb_window_t> focusBefore_;
     xcb_window_t compositingManager_ = noWindow;
     bool announcesBlur_ = false;
     ScreenPictures screenPictures_;
