@@ -3,7 +3,8 @@
 #include <functional>
 
 #include "Support/StateView.h"
-#include "Windows/Controls/ThemedLabel.h"
+#include "Support/TextStyle.h"
+#include "Windows/WindowLabel.h"
 
 class QHBoxLayout;
 class QVBoxLayout;
@@ -14,6 +15,7 @@ class CheckBox;
 class ContentScrollArea;
 class PopUpButton;
 class PresetRow;
+class ScrollIndicatorView;
 class Slider;
 class WindowTheme;
 
@@ -29,6 +31,7 @@ public:
 protected:
     void showEvent(QShowEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
+    bool eventFilter(QObject* object, QEvent* event) override;
 
 private:
     void showState(const AppState& state) override;
@@ -44,17 +47,18 @@ private:
     /// @}
     void addPresets();
 
-    ThemedLabel* makeLabel(const QString& text, const Text& style, ThemedLabel::Color color);
-    ThemedLabel* makeCaption(const QString& text);
+    WindowLabel* makeLabel(const QString& text, const Text& style, WindowLabel::Color color);
+    WindowLabel* makeCaption(const QString& text);
 
     WindowTheme& theme_;
     std::function<void()> close_;
     ContentScrollArea* sections_ = nullptr;
+    ScrollIndicatorView* scrollIndicator_ = nullptr;
     CheckBox* launchAtLogin_ = nullptr;
     PopUpButton* hotKeyPreset_ = nullptr;
-    ThemedLabel* quickClearValue_ = nullptr;
+    WindowLabel* quickClearValue_ = nullptr;
     PresetRow* presets_ = nullptr;
-    ThemedLabel* tintValue_ = nullptr;
+    WindowLabel* tintValue_ = nullptr;
     Slider* tint_ = nullptr;
 };
 
