@@ -232,7 +232,7 @@
     </message>
     <message>
         <source>Automatically remove older history items.</source>
-        <translation>Ältere Einträge werden von selbst entfernt.</translation>
+        <translation>Entfernt ältere Einträge von selbst.</translation>
     </message>
     <message>
         <source>Panel transparency</source>
