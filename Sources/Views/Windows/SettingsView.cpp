@@ -99,7 +99,7 @@ QWidget* SettingsView::makeLaunchAtLoginCard()
 {
     auto* card = new SectionCard(theme_);
     launchAtLogin_ = new CheckBox(tr("Launch at login"), theme_);
-    connect(launchAtLogin_, &QAbstractButton::clicked, this, [this](bool isOn) {
+    connect(launchAtLogin_, &QAbstractButton::toggled, this, [this](bool isOn) {
         if (const auto appState = state())
             appState->launchAtLogin = isOn;
     });
@@ -214,23 +214,24 @@ WindowLabel* SettingsView::makeCaption(const QString& text)
 
 void SettingsView::showState(const AppState& state)
 {
+    // To show a value is not to write it.
+    const QSignalBlocker launchAtLoginBlocker(launchAtLogin_);
+    const QSignalBlocker tintBlocker(tint_);
     launchAtLogin_->setChecked(*state.launchAtLogin);
     const auto preset = std::find(allHotKeyPresets.begin(), allHotKeyPresets.end(), *state.hotKeyPreset);
     hotKeyPreset_->setCurrentIndex(static_cast<int>(preset - allHotKeyPresets.begin()));
-
-    const QuickClearPolicy policy = *state.quickClearPolicy;
-    const double seconds = *state.quickClearCustomSeconds;
-    quickClearValue_->setText(coreText(quickClearValueText(policy, seconds)));
-    for (std::size_t index = 0; index < quickClearPresets.size(); ++index)
-        presets_->setCurrent(index, isPresetSelected(quickClearPresets[index], policy, seconds));
-    presets_->setCurrent(quickClearPresets.size(), policy == QuickClearPolicy::never);
-
-    const double opacity = *state.panelTintOpacity;
-    tintValue_->setText(QStringLiteral("%1%").arg(tintPercent(opacity)));
+    tintValue_->setText(QStringLiteral("%1%").arg(tintPercent(*state.panelTintOpacity)));
     tint_->setAccessibleDescription(tintValue_->text());
-    // To show a value is not to write it.
-    const QSignalBlocker blocker(tint_);
-    tint_->setValue(hundredths(opacity));
+    tint_->setValue(hundredths(*state.panelTintOpacity));
+    showPolicy(*state.quickClearPolicy, *state.quickClearCustomSeconds);
+}
+
+void SettingsView::showPolicy(QuickClearPolicy policy, double customSeconds)
+{
+    quickClearValue_->setText(coreText(quickClearValueText(policy, customSeconds)));
+    for (std::size_t index = 0; index < quickClearPresets.size(); ++index)
+        presets_->setCurrent(index, isPresetSelected(quickClearPresets[index], policy, customSeconds));
+    presets_->setCurrent(quickClearPresets.size(), policy == QuickClearPolicy::never);
 }
 
 void SettingsView::showEvent(QShowEvent* event)

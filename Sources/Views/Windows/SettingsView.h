@@ -2,6 +2,7 @@
 
 #include <functional>
 
+#include "History/QuickClearPolicy.h"
 #include "Support/StateView.h"
 #include "Support/TextStyle.h"
 #include "Windows/WindowLabel.h"
@@ -35,6 +36,7 @@ protected:
 
 private:
     void showState(const AppState& state) override;
+    void showPolicy(QuickClearPolicy policy, double customSeconds);
 
     /// @name The parts, from the top. Each makes its controls members.
     /// @{
