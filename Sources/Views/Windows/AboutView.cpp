@@ -46,6 +46,9 @@ AboutView::AboutView(AppState& appState, WindowTheme& theme, const Actions& acti
     content->setSpacing(spacing);
     for (QWidget* part : {header, static_cast<QWidget*>(shortcuts_), footer})
         content->addWidget(part);
+    // Else the first control would have the keyboard focus, and its ring, as soon as the window opens.
+    setFocusPolicy(Qt::ClickFocus);
+    setFocus();
     entrance_.add(header, headerOffset);
     entrance_.add(shortcuts_, cardOffset);
     entrance_.add(footer, 0);
