@@ -46,9 +46,7 @@ AboutView::AboutView(AppState& appState, WindowTheme& theme, const Actions& acti
     content->setSpacing(spacing);
     for (QWidget* part : {header, static_cast<QWidget*>(shortcuts_), footer})
         content->addWidget(part);
-    // Else the first control would have the keyboard focus, and its ring, as soon as the window opens.
     setFocusPolicy(Qt::ClickFocus);
-    setFocus();
     entrance_.add(header, headerOffset);
     entrance_.add(shortcuts_, cardOffset);
     entrance_.add(footer, 0);
@@ -89,6 +87,8 @@ void AboutView::showEvent(QShowEvent* event)
     StateView::showEvent(event);
     if (std::exchange(hasEntered_, true))
         return;
+    // Else the first control would have the keyboard focus, and its ring, as soon as the window opens.
+    setFocus();
     if (theme_.reducesMotion())
         entrance_.skip();
     else
