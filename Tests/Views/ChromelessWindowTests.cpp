@@ -157,6 +157,25 @@ TEST_F(ChromelessWindowTest, FollowsARootThatGrows)
     EXPECT_EQ(shape().boundingRect(), window.background().geometry());
 }
 
+TEST_F(ChromelessWindowTest, RestsWhileOthersCoverIt)
+{
+    appearance.change({ColorScheme::light, std::nullopt, false});
+    show();
+    EXPECT_TRUE(window.background().isDrifting());
+    nativeWindows.tellOcclusion(true);
+    EXPECT_FALSE(window.background().isDrifting());
+    nativeWindows.tellOcclusion(false);
+    EXPECT_TRUE(window.background().isDrifting());
+    // Shown again it is in front of others.
+    nativeWindows.tellOcclusion(true);
+    window.hide();
+    EXPECT_EQ(nativeWindows.tellOcclusion, nullptr);
+    show();
+    EXPECT_TRUE(window.background().isDrifting());
+    nativeWindows.tellOcclusion(true);
+    EXPECT_FALSE(window.background().isDrifting());
+}
+
 TEST_F(ChromelessWindowTest, IsMovedByItsBackground)
 {
     show();
