@@ -50,6 +50,8 @@ AboutView::AboutView(AppState& appState, WindowTheme& theme, const Actions& acti
     entrance_.add(header, headerOffset);
     entrance_.add(shortcuts_, cardOffset);
     entrance_.add(footer, 0);
+    // The window is laid out before it appears.
+    showState(appState);
 }
 
 QWidget* AboutView::makeHeader()
