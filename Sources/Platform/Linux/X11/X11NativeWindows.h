@@ -30,6 +30,9 @@ public:
     /// May be called right after the window has been shown, before it is on screen.
     void makeKeyAndOrderFront(NativeWindowHandle window) override;
     void orderFront(NativeWindowHandle window) override;
+    /// By the server's VisibilityNotify events. Under a compositing manager, which puts the screen together
+    /// by itself, the server calls no window covered.
+    Token observeOcclusion(NativeWindowHandle window, std::function<void(bool isCovered)> didChange) override;
     /// Known at any time without asking.
     bool blendsTranslucentWindows() const override { return compositingManager_ != noWindow; }
     /// Known at any time without asking.
