@@ -65,8 +65,9 @@ public:
 private:
     WindowFactory windowFactory()
     {
-        const SecondaryWindowNeeds needs = {windowTheme_, backend_.nativeWindows(),
-                                            *backend_.platform().screens};
+        const Platform& platform = backend_.platform();
+        const SecondaryWindowNeeds needs = {windowTheme_, backend_.nativeWindows(), *platform.screens,
+                                            *platform.workspace};
         return {.panel = panelFactory(backend_.nativeWindows(), *backend_.platform().application),
                 .settings = settingsFactory(needs),
                 .about = aboutFactory(needs),

@@ -37,6 +37,21 @@
     </message>
 </context>
 <context>
+    <name>SecondaryWindows</name>
+    <message>
+        <source>Settings</source>
+        <translation>Einstellungen</translation>
+    </message>
+    <message>
+        <source>About Tessel Clipboard</source>
+        <translation>Über Tessel Clipboard</translation>
+    </message>
+    <message>
+        <source>Setup Required</source>
+        <translation>Einrichtung erforderlich</translation>
+    </message>
+</context>
+<context>
     <name>TrustPrompt</name>
     <message>
         <source>Paste it yourself</source>
@@ -45,6 +60,56 @@
     <message>
         <source>The entry is on the clipboard. In this session programs cannot send keys to each other, so Tessel Clipboard cannot paste it for you: press Ctrl+V where you want it.</source>
         <translation>Der Eintrag liegt in der Zwischenablage. In dieser Sitzung können Programme einander keine Tasten senden, daher kann Tessel Clipboard ihn nicht selbst einfügen: Strg+V an der gewünschten Stelle fügt ihn ein.</translation>
+    </message>
+</context>
+<context>
+    <name>tessel::AboutView</name>
+    <message>
+        <source>Tessel Clipboard</source>
+        <translation>Tessel Clipboard</translation>
+    </message>
+    <message>
+        <source>Tessel clipboard history for macOS.</source>
+        <translation>Tessel-Zwischenablageverlauf für macOS.</translation>
+    </message>
+    <message>
+        <source>Current beta supports text and images.</source>
+        <translation>Die aktuelle Beta unterstützt Texte und Bilder.</translation>
+    </message>
+</context>
+<context>
+    <name>tessel::AccessibilityOnboardingView</name>
+    <message>
+        <source>Enable Accessibility Access</source>
+        <translation>Bedienungshilfen-Zugriff erlauben</translation>
+    </message>
+    <message>
+        <source>Tessel Clipboard needs Accessibility permission to paste selected items automatically into other apps.</source>
+        <translation>Tessel Clipboard benötigt Zugriff auf die Bedienungshilfen, um ausgewählte Einträge automatisch in andere Apps einzusetzen.</translation>
+    </message>
+    <message>
+        <source>How to enable it:</source>
+        <translation>So geht es:</translation>
+    </message>
+    <message>
+        <source>1. Open Privacy &amp; Security settings</source>
+        <translation>1. Einstellungen „Datenschutz &amp; Sicherheit“ öffnen</translation>
+    </message>
+    <message>
+        <source>2. Go to Accessibility</source>
+        <translation>2. Zu „Bedienungshilfen“ gehen</translation>
+    </message>
+    <message>
+        <source>3. Turn on access for Tessel Clipboard</source>
+        <translation>3. Zugriff für Tessel Clipboard einschalten</translation>
+    </message>
+    <message>
+        <source>Not now</source>
+        <translation>Nicht jetzt</translation>
+    </message>
+    <message>
+        <source>Open Accessibility Settings</source>
+        <translation>Bedienungshilfen öffnen</translation>
     </message>
 </context>
 <context>
@@ -70,6 +135,13 @@
     <message>
         <source>Clipboard</source>
         <translation>Zwischenablage</translation>
+    </message>
+</context>
+<context>
+    <name>tessel::CloseButton</name>
+    <message>
+        <source>Close</source>
+        <translation>Schließen</translation>
     </message>
 </context>
 <context>
@@ -122,6 +194,41 @@
     <message>
         <source>Delete</source>
         <translation>Löschen</translation>
+    </message>
+</context>
+<context>
+    <name>tessel::ShortcutCard</name>
+    <message>
+        <source>Keyboard Shortcuts</source>
+        <translation>Tastenkürzel</translation>
+    </message>
+    <message>
+        <source>Open history</source>
+        <translation>Verlauf öffnen</translation>
+    </message>
+    <message>
+        <source>Navigate items</source>
+        <translation>Einträge wechseln</translation>
+    </message>
+    <message>
+        <source>Up / Down</source>
+        <translation>Auf / Ab</translation>
+    </message>
+    <message>
+        <source>Paste selected</source>
+        <translation>Auswahl einsetzen</translation>
+    </message>
+    <message>
+        <source>Enter</source>
+        <translation>Eingabe</translation>
+    </message>
+    <message>
+        <source>Close panel</source>
+        <translation>Panel schließen</translation>
+    </message>
+    <message>
+        <source>Esc</source>
+        <translation>Esc</translation>
     </message>
 </context>
 </TS>

@@ -3,7 +3,6 @@
 #include <QtGui/QCloseEvent>
 #include <QtGui/QMouseEvent>
 #include <QtGui/QWindow>
-#include <QtWidgets/QApplication>
 
 #include "Panel/ClipboardPanelView.h"
 
@@ -54,27 +53,18 @@ void ClipboardPanelWindow::closeEvent(QCloseEvent* event)
 
 void ClipboardPanelWindow::mousePressEvent(QMouseEvent* event)
 {
-    const bool drags = dragging_ == Dragging::byBackground && event->button() == Qt::LeftButton;
-    drag_ = drags ? std::optional(Drag{event->globalPosition().toPoint(), pos()}) : std::nullopt;
+    if (dragging_ == Dragging::byBackground)
+        drag_.press(*event);
 }
 
 void ClipboardPanelWindow::mouseMoveEvent(QMouseEvent* event)
 {
-    if (!drag_ || !event->buttons().testFlag(Qt::LeftButton))
-        return;
-    const QPoint way = event->globalPosition().toPoint() - drag_->pointer;
-    if (way.manhattanLength() < QApplication::startDragDistance() && pos() == drag_->window)
-        return;
-    // The window manager moves windows best; without one we do.
-    if (pos() == drag_->window && windowHandle()->startSystemMove())
-        drag_.reset();
-    else
-        move(drag_->window + way);
+    drag_.move(*event);
 }
 
 void ClipboardPanelWindow::mouseReleaseEvent(QMouseEvent*)
 {
-    drag_.reset();
+    drag_.release();
 }
 
 } // namespace tessel

@@ -1,8 +1,8 @@
 #pragma once
 
-#include <optional>
-
 #include <QtWidgets/QWidget>
+
+#include "Support/WindowDrag.h"
 
 namespace tessel {
 
@@ -34,11 +34,6 @@ protected:
     void mouseReleaseEvent(QMouseEvent* event) override;
 
 private:
-    struct Drag {
-        QPoint pointer; ///< Where the button went down, on the screen.
-        QPoint window;  ///< Where the window was then.
-    };
-
     /// Takes the place and the extent, in points, that the native window has now. The toolkit's events tell
     /// them in the scale that the window had when they were noted; with a change of screen among them (a
     /// window manager may put a new window to the desktop's corner first) that is not always the scale it
@@ -47,7 +42,7 @@ private:
 
     Dragging dragging_ = Dragging::byTitleBar;
     ClipboardPanelView* contentView_ = nullptr;
-    std::optional<Drag> drag_;
+    WindowDrag drag_{*this};
 };
 
 } // namespace tessel

@@ -6,6 +6,7 @@
 #include <QtWidgets/QWidget>
 
 #include "Support/Backdrop.h"
+#include "Support/WindowBlending.h"
 
 namespace tessel {
 
@@ -20,9 +21,6 @@ enum class VisualEffectBlendingMode {
 
 /// `NSVisualEffectState`
 enum class VisualEffectState { followsWindowActiveState = 0, active = 1, inactive = 2 };
-
-/// Can what is behind the window shine through it?
-enum class WindowBlending { opaque, translucent };
 
 /// Fills itself with a material (`NSVisualEffectView`). It does not take part in mouse events.
 ///

@@ -6,6 +6,8 @@
 #include <utility>
 #include <vector>
 
+#include "Support/OrderedDither.h"
+
 namespace tessel {
 
 namespace {
@@ -81,13 +83,8 @@ void stretch(const float* row, const std::vector<Between>& columns, float* targe
 std::vector<float> ditherRow(int y, int width)
 {
     std::vector<float> row;
-    for (int x = 0; x < width; ++x) {
-        const int differing = x ^ y;
-        int rank = 0;
-        for (int bit = 0; bit < 3; ++bit)
-            rank = rank << 2 | (differing >> bit & 1) << 1 | (y >> bit & 1);
-        row.push_back((static_cast<float>(rank) + 0.5F) / 64);
-    }
+    for (int x = 0; x < width; ++x)
+        row.push_back(orderedDither(x, y));
     return row;
 }
 

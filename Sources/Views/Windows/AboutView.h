@@ -3,24 +3,40 @@
 #include <functional>
 
 #include "Support/StateView.h"
+#include "Windows/Entrance.h"
 
 namespace tessel {
 
+class ShortcutCard;
 class WindowTheme;
 
-/// The content of the window with what this program is.
+/// The content of the window with what this program is. It enters the first time that it appears.
 class AboutView final : public StateView {
     Q_OBJECT
 
 public:
-    /// `close` closes the window. `theme` must outlive this object.
-    AboutView(AppState& appState, WindowTheme& theme, std::function<void()> close);
+    struct Actions {
+        std::function<void()> openWebsite;
+        std::function<void()> close;
+    };
+
+    /// `theme` must outlive this object.
+    AboutView(AppState& appState, WindowTheme& theme, const Actions& actions);
+
+    Entrance& entrance() { return entrance_; }
+
+protected:
+    void showEvent(QShowEvent* event) override;
 
 private:
     void showState(const AppState& state) override;
+    QWidget* makeHeader();
+    QWidget* makeFooter(const Actions& actions);
 
     WindowTheme& theme_;
-    std::function<void()> close_;
+    ShortcutCard* shortcuts_;
+    Entrance entrance_;
+    bool hasEntered_ = false;
 };
 
 } // namespace tessel

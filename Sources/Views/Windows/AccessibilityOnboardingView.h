@@ -4,11 +4,13 @@
 
 #include <QtWidgets/QWidget>
 
+class QLayout;
+
 namespace tessel {
 
 class WindowTheme;
 
-/// The content of the window that asks for the Accessibility permission.
+/// The window that says why the Accessibility permission is needed, and asks for it. It has a title bar.
 class AccessibilityOnboardingView final : public QWidget {
     Q_OBJECT
 
@@ -17,10 +19,14 @@ public:
     AccessibilityOnboardingView(WindowTheme& theme, std::function<void()> openSettings,
                                 std::function<void()> close);
 
+protected:
+    void paintEvent(QPaintEvent* event) override;
+
 private:
+    QLayout* makeSteps();
+    QLayout* makeButtons(std::function<void()> openSettings, std::function<void()> close);
+
     WindowTheme& theme_;
-    std::function<void()> openSettings_;
-    std::function<void()> close_;
 };
 
 } // namespace tessel

@@ -8,6 +8,8 @@
 #include "Windows/ChromelessWindow.h"
 #include "Windows/SecondaryWindowController.h"
 #include "Windows/SettingsView.h"
+#include "Windows/Website.h"
+#include "Workspace.h"
 
 namespace tessel {
 
@@ -42,7 +44,7 @@ SecondaryWindowFactory settingsFactory(const SecondaryWindowNeeds& needs)
         auto* view =
             new SettingsView(appState, needs.theme, closing(appState, &AppState::settingsController));
         return controllerOf(new ChromelessWindow(QCoreApplication::translate("SecondaryWindows", "Settings"),
-                                                 view, settingsSize, needs.theme),
+                                                 view, settingsSize, needs.theme, needs.nativeWindows),
                             needs);
     };
 }
@@ -50,10 +52,13 @@ SecondaryWindowFactory settingsFactory(const SecondaryWindowNeeds& needs)
 SecondaryWindowFactory aboutFactory(const SecondaryWindowNeeds& needs)
 {
     return [needs](AppState& appState) {
-        auto* view = new AboutView(appState, needs.theme, closing(appState, &AppState::aboutController));
+        auto* view = new AboutView(
+            appState, needs.theme,
+            {.openWebsite = [&workspace = needs.workspace] { workspace.openURL(website::address); },
+             .close = closing(appState, &AppState::aboutController)});
         return controllerOf(
             new ChromelessWindow(QCoreApplication::translate("SecondaryWindows", "About Tessel Clipboard"),
-                                 view, aboutSize, needs.theme),
+                                 view, aboutSize, needs.theme, needs.nativeWindows),
             needs);
     };
 }

@@ -11,12 +11,14 @@ class AppState;
 class NativeWindows;
 class Screens;
 class WindowTheme;
+class Workspace;
 
 /// What the windows beside the panel need of their surroundings, which outlive the windows and the factories.
 struct SecondaryWindowNeeds {
     WindowTheme& theme;
     NativeWindows& nativeWindows;
     const Screens& screens;
+    Workspace& workspace;
 };
 
 using SecondaryWindowFactory = std::function<std::unique_ptr<WindowController>(AppState&)>;

@@ -54,7 +54,7 @@ void PanelDesktop::relaunch()
     quit();
     WindowFactory windows = windowFactory();
     windows.panel = panelFactory(nativeWindows, *application);
-    const SecondaryWindowNeeds needs = {theme, nativeWindows, *screens};
+    const SecondaryWindowNeeds needs = {theme, nativeWindows, *screens, *workspace};
     windows.settings = settingsFactory(needs);
     windows.about = aboutFactory(needs);
     windows.onboarding = onboardingFactory(needs);

@@ -1,0 +1,34 @@
+#pragma once
+
+#include <optional>
+
+#include <QtCore/QPoint>
+
+class QMouseEvent;
+class QWidget;
+
+namespace tessel {
+
+/// Moves a window by its background: with the left button, from where no view has taken the press.
+class WindowDrag {
+public:
+    /// `window` must outlive this object.
+    explicit WindowDrag(QWidget& window)
+        : window_(window)
+    {}
+
+    void press(const QMouseEvent& event);
+    void move(const QMouseEvent& event);
+    void release() { start_.reset(); }
+
+private:
+    struct Start {
+        QPoint pointer; ///< Where the button went down, on the screen.
+        QPoint window;  ///< Where the window was then.
+    };
+
+    QWidget& window_;
+    std::optional<Start> start_;
+};
+
+} // namespace tessel

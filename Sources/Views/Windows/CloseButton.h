@@ -1,0 +1,32 @@
+#pragma once
+
+#include <functional>
+
+#include <QtWidgets/QAbstractButton>
+
+#include "Support/TextStyle.h"
+
+namespace tessel {
+
+class WindowTheme;
+
+/// The filled button that closes a window. It has no shortcut of its own.
+class CloseButton final : public QAbstractButton {
+    Q_OBJECT
+
+public:
+    /// `theme` must outlive this object.
+    CloseButton(const WindowTheme& theme, std::function<void()> close, QWidget* parent = nullptr);
+
+    QSize sizeHint() const override { return size_; }
+
+protected:
+    void paintEvent(QPaintEvent* event) override;
+
+private:
+    const WindowTheme& theme_;
+    TextStyle style_;
+    QSize size_;
+};
+
+} // namespace tessel
