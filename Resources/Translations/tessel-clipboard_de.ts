@@ -5,7 +5,7 @@
     <name>AccessibleHistoryRow</name>
     <message>
         <source>%1, pinned, %2</source>
-        <extracomment>An entry&apos;s kind and the time at which it was copied.</extracomment>
+        <extracomment>An entry's kind and the time at which it was copied.</extracomment>
         <translation>%1, angeheftet, %2</translation>
     </message>
     <message>
@@ -35,6 +35,10 @@
         <source>Cmd + Option + V</source>
         <translation>Cmd + Option + V</translation>
     </message>
+    <message>
+        <source>Infinity</source>
+        <translation>Unbegrenzt</translation>
+    </message>
 </context>
 <context>
     <name>SecondaryWindows</name>
@@ -60,6 +64,134 @@
     <message>
         <source>The entry is on the clipboard. In this session programs cannot send keys to each other, so Tessel Clipboard cannot paste it for you: press Ctrl+V where you want it.</source>
         <translation>Der Eintrag liegt in der Zwischenablage. In dieser Sitzung können Programme einander keine Tasten senden, daher kann Tessel Clipboard ihn nicht selbst einfügen: Strg+V an der gewünschten Stelle fügt ihn ein.</translation>
+    </message>
+</context>
+<context>
+    <name>tessel::ClipboardListView</name>
+    <message>
+        <source>Pinned</source>
+        <translation>Angeheftet</translation>
+    </message>
+    <message>
+        <source>Recent</source>
+        <translation>Zuletzt kopiert</translation>
+    </message>
+</context>
+<context>
+    <name>tessel::ClipboardPanelView</name>
+    <message>
+        <source>Clipboard history</source>
+        <translation>Verlauf der Zwischenablage</translation>
+    </message>
+</context>
+<context>
+    <name>tessel::ClipboardPanelWindow</name>
+    <message>
+        <source>Clipboard</source>
+        <translation>Zwischenablage</translation>
+    </message>
+</context>
+<context>
+    <name>tessel::EmptyStateView</name>
+    <message>
+        <source>Clipboard is empty</source>
+        <translation>Die Zwischenablage ist leer</translation>
+    </message>
+    <message>
+        <source>Copy something and it will appear here.</source>
+        <translation>Was kopiert wird, erscheint hier.</translation>
+    </message>
+</context>
+<context>
+    <name>tessel::PanelHeader</name>
+    <message>
+        <source>Clipboard</source>
+        <translation>Zwischenablage</translation>
+    </message>
+    <message>
+        <source>Close</source>
+        <translation>Schließen</translation>
+    </message>
+    <message>
+        <source>Clear all</source>
+        <translation>Alle löschen</translation>
+    </message>
+    <message numerus="yes">
+        <source>%n items</source>
+        <translation>
+            <numerusform>%n Eintrag</numerusform>
+            <numerusform>%n Einträge</numerusform>
+        </translation>
+    </message>
+</context>
+<context>
+    <name>tessel::RowContextMenu</name>
+    <message>
+        <source>Copy</source>
+        <translation>Kopieren</translation>
+    </message>
+    <message>
+        <source>Unpin</source>
+        <translation>Loslösen</translation>
+    </message>
+    <message>
+        <source>Pin</source>
+        <translation>Anheften</translation>
+    </message>
+    <message>
+        <source>Delete</source>
+        <translation>Löschen</translation>
+    </message>
+</context>
+<context>
+    <name>tessel::SettingsView</name>
+    <message>
+        <source>Settings</source>
+        <translation>Einstellungen</translation>
+    </message>
+    <message>
+        <source>Launch at login</source>
+        <translation>Bei der Anmeldung starten</translation>
+    </message>
+    <message>
+        <source>Automatically start Tessel Clipboard when you sign in.</source>
+        <translation>Tessel Clipboard startet mit der Anmeldung von selbst.</translation>
+    </message>
+    <message>
+        <source>Keyboard shortcut</source>
+        <translation>Tastenkürzel</translation>
+    </message>
+    <message>
+        <source>On a PC keyboard Cmd is the Super key, which is also called the Windows key, and Option is the Alt key.</source>
+        <translation>Auf einer PC-Tastatur ist Cmd die Super-Taste, auch Windows-Taste genannt, und Option die Alt-Taste.</translation>
+    </message>
+    <message>
+        <source>If one preset conflicts in your apps, switch to another.</source>
+        <translation>Ist ein Kürzel in einem Programm schon belegt, hilft ein anderes.</translation>
+    </message>
+    <message>
+        <source>Quick clear policy</source>
+        <translation>Automatisches Löschen</translation>
+    </message>
+    <message>
+        <source>Automatically remove older history items.</source>
+        <translation>Ältere Einträge werden von selbst entfernt.</translation>
+    </message>
+    <message>
+        <source>Panel transparency</source>
+        <translation>Transparenz des Fensters</translation>
+    </message>
+    <message>
+        <source>Lower value = more transparent, higher value = darker panel.</source>
+        <translation>Kleinerer Wert = durchsichtiger, größerer Wert = dunkler.</translation>
+    </message>
+    <message>
+        <source>Reset</source>
+        <translation>Zurücksetzen</translation>
+    </message>
+    <message>
+        <source>Close</source>
+        <translation>Schließen</translation>
     </message>
 </context>
 <context>
@@ -113,87 +245,10 @@
     </message>
 </context>
 <context>
-    <name>tessel::ClipboardListView</name>
-    <message>
-        <source>Pinned</source>
-        <translation>Angeheftet</translation>
-    </message>
-    <message>
-        <source>Recent</source>
-        <translation>Zuletzt kopiert</translation>
-    </message>
-</context>
-<context>
-    <name>tessel::ClipboardPanelView</name>
-    <message>
-        <source>Clipboard history</source>
-        <translation>Verlauf der Zwischenablage</translation>
-    </message>
-</context>
-<context>
-    <name>tessel::ClipboardPanelWindow</name>
-    <message>
-        <source>Clipboard</source>
-        <translation>Zwischenablage</translation>
-    </message>
-</context>
-<context>
     <name>tessel::CloseButton</name>
     <message>
         <source>Close</source>
         <translation>Schließen</translation>
-    </message>
-</context>
-<context>
-    <name>tessel::EmptyStateView</name>
-    <message>
-        <source>Clipboard is empty</source>
-        <translation>Die Zwischenablage ist leer</translation>
-    </message>
-    <message>
-        <source>Copy something and it will appear here.</source>
-        <translation>Was kopiert wird, erscheint hier.</translation>
-    </message>
-</context>
-<context>
-    <name>tessel::PanelHeader</name>
-    <message>
-        <source>Clipboard</source>
-        <translation>Zwischenablage</translation>
-    </message>
-    <message>
-        <source>Close</source>
-        <translation>Schließen</translation>
-    </message>
-    <message>
-        <source>Clear all</source>
-        <translation>Alle löschen</translation>
-    </message>
-    <message numerus="yes">
-        <source>%n items</source>
-        <translation>
-            <numerusform>%n Eintrag</numerusform>
-            <numerusform>%n Einträge</numerusform>
-        </translation>
-    </message>
-</context>
-<context>
-    <name>tessel::RowContextMenu</name>
-    <message>
-        <source>Copy</source>
-        <translation>Kopieren</translation>
-    </message>
-    <message>
-        <source>Unpin</source>
-        <translation>Loslösen</translation>
-    </message>
-    <message>
-        <source>Pin</source>
-        <translation>Anheften</translation>
-    </message>
-    <message>
-        <source>Delete</source>
-        <translation>Löschen</translation>
     </message>
 </context>
 <context>

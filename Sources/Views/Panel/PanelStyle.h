@@ -141,20 +141,14 @@ inline constexpr double pressedOpacity = 0.50;
 
 /// The context menu of a row, in the panel's look.
 namespace menu {
-inline constexpr int red = 44;
-inline constexpr int green = 44;
-inline constexpr int blue = 46;
+/// Translucent where the window system blends windows.
+inline QColor fill()
+{
+    return {44, 44, 46};
+}
 inline constexpr float opacity = 0.97F;
-inline constexpr double cornerRadius = 9;
-inline constexpr double outlineWidth = 1;
 inline constexpr double outlineOpacity = 0.16;
-inline constexpr int margin = 5;
-inline constexpr Text item = {13};
 inline constexpr double textOpacity = 0.92;
-inline constexpr int itemHeight = 24;
-inline constexpr int itemPadding = 10;
-inline constexpr int minimumItemWidth = 120;
-inline constexpr double itemCornerRadius = 5;
 /// Readable on the card, and as a highlight under white text.
 inline QColor destructiveText()
 {

@@ -2,24 +2,21 @@
 
 #include <QtWidgets/QStyleOption>
 
-#include "Panel/PanelFonts.h"
-#include "Panel/PanelMenuStyle.h"
 #include "Panel/PanelStyle.h"
+#include "Support/MenuStyle.h"
 
 namespace tessel {
+
+using namespace panelStyle;
 
 RowContextMenu::RowContextMenu(Pin pin, WindowBlending blending, const Actions& actions, QWidget* parent)
     : QMenu(parent)
 {
     setAttribute(Qt::WA_DeleteOnClose);
+    QColor fill = menu::fill();
     if (blending == WindowBlending::translucent)
-        setAttribute(Qt::WA_TranslucentBackground);
-    setWindowFlag(Qt::FramelessWindowHint);
-    setWindowFlag(Qt::NoDropShadowWindowHint);
-    setFont(TextStyle(panelStyle::menu::item).font);
-    auto* menuStyle = new PanelMenuStyle(blending);
-    menuStyle->setParent(this);
-    setStyle(menuStyle);
+        fill.setAlphaF(menu::opacity);
+    MenuStyle::apply(*this, {fill, white(menu::outlineOpacity)});
 
     addAction(tr("Copy"), this, actions.onCopy);
     addAction(pin == Pin::pinned ? tr("Unpin") : tr("Pin"), this, actions.onPinToggle);
@@ -29,8 +26,12 @@ RowContextMenu::RowContextMenu(Pin pin, WindowBlending blending, const Actions& 
 void RowContextMenu::initStyleOption(QStyleOptionMenuItem* option, const QAction* action) const
 {
     QMenu::initStyleOption(option, action);
-    PanelMenuStyle::setRole(*option, action == deleteAction_ ? PanelMenuStyle::Role::destructive
-                                                             : PanelMenuStyle::Role::ordinary);
+    const bool isDestructive = action == deleteAction_;
+    option->palette.setColor(QPalette::Text,
+                             isDestructive ? menu::destructiveText() : white(menu::textOpacity));
+    if (isDestructive)
+        option->palette.setColor(QPalette::Highlight, menu::destructiveHighlight());
+    option->palette.setColor(QPalette::HighlightedText, Qt::white);
 }
 
 } // namespace tessel

@@ -16,6 +16,7 @@ namespace {
     QT_TRANSLATE_NOOP("Core", "Cmd + Shift + V"),
     QT_TRANSLATE_NOOP("Core", "Ctrl + Shift + V"),
     QT_TRANSLATE_NOOP("Core", "Cmd + Option + V"),
+    QT_TRANSLATE_NOOP("Core", "Infinity"),
 };
 
 } // namespace

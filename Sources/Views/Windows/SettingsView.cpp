@@ -1,17 +1,247 @@
 #include "Windows/SettingsView.h"
 
+#include <QtGui/QKeyEvent>
+#include <QtWidgets/QHBoxLayout>
+#include <QtWidgets/QVBoxLayout>
+
+#include <algorithm>
+#include <cmath>
 #include <utility>
 
+#include "AppState.h"
+#include "History/DurationText.h"
+#include "Settings/QuickClearPresets.h"
+#include "Settings/SettingsRules.h"
+#include "Support/CoreText.h"
+#include "Windows/ContentScrollArea.h"
+#include "Windows/Controls/CheckBox.h"
+#include "Windows/Controls/FocusRing.h"
+#include "Windows/Controls/PopUpButton.h"
+#include "Windows/Controls/PushButton.h"
+#include "Windows/Controls/Slider.h"
+#include "Windows/PresetRow.h"
+#include "Windows/SectionCard.h"
 #include "Windows/WindowTheme.h"
 
 namespace tessel {
+
+namespace {
+
+// In points.
+constexpr QSize rootSize(420, 500);
+constexpr int padding = 18;
+constexpr int spacing = 16;
+constexpr int cardSpacing = 14;
+
+constexpr Text titleText = {textStyle::titleSize, QFont::DemiBold};
+constexpr Text bodyText = {textStyle::bodySize};
+constexpr Text captionText = {textStyle::captionSize};
+constexpr Text valueText = {textStyle::captionSize, QFont::DemiBold};
+
+/// The slider's whole numbers are hundredths of the opacity.
+constexpr int hundred = 100;
+constexpr int leastTint = 10;
+constexpr int mostTint = 70;
+constexpr int pageOfTint = 10;
+
+int hundredths(double opacity)
+{
+    const double within =
+        std::clamp(opacity * hundred, static_cast<double>(leastTint), static_cast<double>(mostTint));
+    return static_cast<int>(std::lround(within));
+}
+
+QString fromUtf8(const std::string& text)
+{
+    return QString::fromStdString(text);
+}
+
+} // namespace
 
 SettingsView::SettingsView(AppState& appState, WindowTheme& theme, std::function<void()> close)
     : StateView(appState)
     , theme_(theme)
     , close_(std::move(close))
-{}
+{
+    setFixedSize(rootSize);
+    auto* column = new QVBoxLayout(this);
+    column->setContentsMargins(padding, padding, padding, padding);
+    column->setSpacing(spacing);
+    column->addWidget(makeLabel(tr("Settings"), titleText, &WindowColors::primaryText));
+    sections_ = new ContentScrollArea(this);
+    sections_->setContent(makeSections());
+    column->addWidget(sections_, 1);
+    column->addLayout(makeBottomBar());
+    new FocusRing(this, theme_);
+}
 
-void SettingsView::showState(const AppState&) {}
+QWidget* SettingsView::makeSections()
+{
+    auto* sections = new QWidget;
+    auto* stack = new QVBoxLayout(sections);
+    stack->setContentsMargins(0, 0, 0, 0);
+    stack->setSpacing(cardSpacing);
+    stack->addWidget(makeLaunchAtLoginCard());
+    stack->addWidget(makeKeyboardShortcutCard());
+    stack->addWidget(makeQuickClearCard());
+    stack->addWidget(makeTransparencyCard());
+    stack->addStretch();
+    return sections;
+}
+
+QWidget* SettingsView::makeLaunchAtLoginCard()
+{
+    auto* card = new SectionCard(theme_);
+    launchAtLogin_ = new CheckBox(tr("Launch at login"), theme_);
+    connect(launchAtLogin_, &QAbstractButton::clicked, this, [this](bool isOn) {
+        if (const auto appState = state())
+            appState->launchAtLogin = isOn;
+    });
+    card->content().addWidget(launchAtLogin_);
+    card->content().addWidget(makeCaption(tr("Automatically start Tessel Clipboard when you sign in.")));
+    return card;
+}
+
+QWidget* SettingsView::makeKeyboardShortcutCard()
+{
+    auto* card = new SectionCard(theme_);
+    auto* label = makeLabel(tr("Keyboard shortcut"), bodyText, &WindowColors::primaryText);
+    hotKeyPreset_ = new PopUpButton(theme_);
+    for (const HotKeyPreset preset : allHotKeyPresets)
+        hotKeyPreset_->addItem(coreText(title(preset)));
+    hotKeyPreset_->setToolTip(
+        tr("On a PC keyboard Cmd is the Super key, which is also called the Windows key, "
+           "and Option is the Alt key."));
+    label->setBuddy(hotKeyPreset_);
+    connect(hotKeyPreset_, &QComboBox::activated, this, [this](int index) {
+        const HotKeyPreset preset = allHotKeyPresets.at(static_cast<std::size_t>(index));
+        if (const auto appState = state(); appState && *appState->hotKeyPreset != preset)
+            appState->hotKeyPreset = preset;
+    });
+    card->content().addWidget(label);
+    card->content().addWidget(hotKeyPreset_);
+    card->content().addWidget(makeCaption(tr("If one preset conflicts in your apps, switch to another.")));
+    return card;
+}
+
+QWidget* SettingsView::makeQuickClearCard()
+{
+    auto* card = new SectionCard(theme_);
+    auto* header = new QHBoxLayout;
+    auto* label = makeLabel(tr("Quick clear policy"), bodyText, &WindowColors::primaryText);
+    quickClearValue_ = makeLabel({}, valueText, &WindowColors::secondaryText);
+    header->addWidget(label);
+    header->addStretch();
+    header->addWidget(quickClearValue_);
+    presets_ = new PresetRow(theme_);
+    presets_->setAccessibleName(label->text());
+    addPresets();
+    card->content().addLayout(header);
+    card->content().addWidget(presets_);
+    card->content().addWidget(makeCaption(tr("Automatically remove older history items.")));
+    return card;
+}
+
+void SettingsView::addPresets()
+{
+    for (const double seconds : quickClearPresets) {
+        presets_->addChoice(fromUtf8(shortDurationLabel(seconds)), [this, seconds] {
+            if (const auto appState = state())
+                appState->selectPreset(seconds);
+        });
+    }
+    presets_->addChoice(coreText("Infinity"), [this] {
+        if (const auto appState = state())
+            appState->quickClearPolicy = QuickClearPolicy::never;
+    });
+}
+
+QWidget* SettingsView::makeTransparencyCard()
+{
+    auto* card = new SectionCard(theme_);
+    auto* header = new QHBoxLayout;
+    auto* label = makeLabel(tr("Panel transparency"), bodyText, &WindowColors::primaryText);
+    tintValue_ = makeLabel({}, bodyText, &WindowColors::secondaryText);
+    header->addWidget(label);
+    header->addStretch();
+    header->addWidget(tintValue_);
+    tint_ = new Slider(theme_);
+    tint_->setRange(leastTint, mostTint);
+    tint_->setPageStep(pageOfTint);
+    label->setBuddy(tint_);
+    connect(tint_, &QAbstractSlider::valueChanged, this, [this](int value) {
+        if (const auto appState = state())
+            appState->panelTintOpacity = static_cast<double>(value) / hundred;
+    });
+    card->content().addLayout(header);
+    card->content().addWidget(tint_);
+    card->content().addWidget(
+        makeCaption(tr("Lower value = more transparent, higher value = darker panel.")));
+    return card;
+}
+
+QHBoxLayout* SettingsView::makeBottomBar()
+{
+    auto* bar = new QHBoxLayout;
+    auto* reset = new PushButton(tr("Reset"), PushButton::Look::bordered, theme_);
+    connect(reset, &QAbstractButton::clicked, this, [this] {
+        if (const auto appState = state())
+            appState->panelTintOpacity = AppState::defaultPanelOpacity;
+    });
+    auto* close = new PushButton(tr("Close"), PushButton::Look::borderedProminent, theme_);
+    connect(close, &QAbstractButton::clicked, this, [this] { close_(); });
+    bar->addWidget(reset);
+    bar->addStretch();
+    bar->addWidget(close);
+    return bar;
+}
+
+ThemedLabel* SettingsView::makeLabel(const QString& text, const Text& style, ThemedLabel::Color color)
+{
+    return new ThemedLabel(text, style, color, theme_);
+}
+
+ThemedLabel* SettingsView::makeCaption(const QString& text)
+{
+    auto* caption = makeLabel(text, captionText, &WindowColors::secondaryText);
+    caption->setWordWrap(true);
+    return caption;
+}
+
+void SettingsView::showState(const AppState& state)
+{
+    launchAtLogin_->setChecked(*state.launchAtLogin);
+    const auto preset = std::find(allHotKeyPresets.begin(), allHotKeyPresets.end(), *state.hotKeyPreset);
+    hotKeyPreset_->setCurrentIndex(static_cast<int>(preset - allHotKeyPresets.begin()));
+
+    const QuickClearPolicy policy = *state.quickClearPolicy;
+    const double seconds = *state.quickClearCustomSeconds;
+    quickClearValue_->setText(coreText(quickClearValueText(policy, seconds)));
+    for (std::size_t index = 0; index < quickClearPresets.size(); ++index)
+        presets_->setCurrent(index, isPresetSelected(quickClearPresets[index], policy, seconds));
+    presets_->setCurrent(quickClearPresets.size(), policy == QuickClearPolicy::never);
+
+    const double opacity = *state.panelTintOpacity;
+    tintValue_->setText(QStringLiteral("%1%").arg(tintPercent(opacity)));
+    tint_->setAccessibleDescription(tintValue_->text());
+    // To show a value is not to write it.
+    const QSignalBlocker blocker(tint_);
+    tint_->setValue(hundredths(opacity));
+}
+
+void SettingsView::showEvent(QShowEvent* event)
+{
+    StateView::showEvent(event);
+    // Arrow keys scroll until the first Tab.
+    if (window()->focusWidget() == nullptr)
+        sections_->setFocus(Qt::OtherFocusReason);
+}
+
+void SettingsView::keyPressEvent(QKeyEvent* event)
+{
+    if (event->key() == Qt::Key_Escape)
+        return close_();
+    StateView::keyPressEvent(event);
+}
 
 } // namespace tessel

@@ -1,24 +1,29 @@
 #pragma once
 
+#include <QtGui/QColor>
 #include <QtWidgets/QProxyStyle>
 
-#include "Panel/VisualEffectView.h"
-
+class QMenu;
 class QStyleOptionMenuItem;
 
 namespace tessel {
 
-/// Draws a menu as the panel is drawn: light on a dark rounded card, whatever the desktop's colours.
-class PanelMenuStyle : public QProxyStyle {
+/// Draws a menu on a rounded card, whatever the desktop's style. The colours of its items are those of their
+/// palettes: text, highlight and highlighted text. An item that is checked has a check mark before it.
+class MenuStyle : public QProxyStyle {
     Q_OBJECT
 
 public:
-    enum class Role { ordinary, destructive };
+    /// The card's colours. An opaque fill needs no compositor: the menu's window is cut to the card's shape.
+    struct Card {
+        QColor fill;
+        QColor outline;
+    };
 
-    explicit PanelMenuStyle(WindowBlending blending);
-
-    /// Gives an item the colours of its role.
-    static void setRole(QStyleOptionMenuItem& option, Role role);
+    /// Gives a menu, which has not been shown yet, this style, and the system font in a menu's size.
+    static void apply(QMenu& menu, const Card& card);
+    /// The distance from the start of a checkable item to its text, in points.
+    static int textInset();
 
     int pixelMetric(PixelMetric metric, const QStyleOption* option, const QWidget* widget) const override;
     int styleHint(StyleHint hint, const QStyleOption* option, const QWidget* widget,
@@ -31,10 +36,12 @@ public:
                      const QWidget* widget) const override;
 
 private:
+    explicit MenuStyle(const Card& card);
+
     void drawCard(QPainter& painter, const QRect& rectangle) const;
     void drawItem(QPainter& painter, const QStyleOptionMenuItem& item) const;
 
-    WindowBlending blending_;
+    Card card_;
 };
 
 } // namespace tessel

@@ -1,0 +1,142 @@
+#include "Windows/Controls/PopUpButton.h"
+
+#include <QtGui/QActionGroup>
+#include <QtGui/QFontMetricsF>
+#include <QtGui/QMouseEvent>
+#include <QtGui/QPainter>
+#include <QtGui/QWheelEvent>
+#include <QtWidgets/QStyle>
+
+#include <algorithm>
+#include <cmath>
+
+#include "Support/MenuStyle.h"
+#include "Windows/Controls/ControlColors.h"
+#include "Windows/Controls/ControlPainting.h"
+#include "Windows/WindowTheme.h"
+
+namespace tessel {
+
+namespace {
+
+// In points.
+constexpr int controlHeight = 22;
+constexpr double cornerRadius = 6;
+constexpr int titleInset = 10;
+constexpr int indicatorSide = 16;
+constexpr int indicatorInset = 3;
+constexpr double indicatorCornerRadius = 4;
+
+} // namespace
+
+PopUpButton::PopUpButton(const WindowTheme& theme, QWidget* parent)
+    : QComboBox(parent)
+    , theme_(theme)
+    , textStyle_({textStyle::bodySize})
+{
+    setFont(textStyle_.font);
+    setFocusPolicy(Qt::TabFocus);
+    setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
+    connect(&theme, &WindowTheme::didChange, this, qOverload<>(&QWidget::update));
+}
+
+QSize PopUpButton::sizeHint() const
+{
+    int widest = 0;
+    for (int index = 0; index < count(); ++index) {
+        const double width = QFontMetricsF(font()).horizontalAdvance(itemText(index));
+        widest = std::max(widest, static_cast<int>(std::ceil(width)));
+    }
+    return {titleInset + widest + titleInset + indicatorSide + indicatorInset,
+            std::max(controlHeight, textStyle_.lineHeight)};
+}
+
+FocusOutline PopUpButton::focusOutline() const
+{
+    return {rect(), cornerRadius};
+}
+
+void PopUpButton::paintEvent(QPaintEvent*)
+{
+    QPainter painter(this);
+    if (!isEnabled())
+        painter.setOpacity(disabledOpacity);
+    const ControlColors colors = controlColors(theme_);
+    paintBezel(painter, rect(), cornerRadius, menu_ ? colors.bezel.pressed : colors.bezel.normal,
+               colors.bezelEdge);
+
+    const QRect indicator =
+        QStyle::visualRect(layoutDirection(), rect(),
+                           {width() - indicatorInset - indicatorSide, (height() - indicatorSide) / 2,
+                            indicatorSide, indicatorSide});
+    paintBezel(painter, indicator, indicatorCornerRadius, colors.prominent.normal, colors.prominentEdge);
+    paintDoubleChevron(painter, indicator, colors.prominentText);
+
+    const double textWidth = QFontMetricsF(font()).horizontalAdvance(currentText());
+    const double left = isRightToLeft() ? width() - titleInset - textWidth : titleInset;
+    painter.setPen(colors.text);
+    painter.drawText(QPointF(left, (height() - textStyle_.lineHeight) / 2 + textStyle_.ascent),
+                     currentText());
+}
+
+void PopUpButton::fillMenu()
+{
+    auto* choices = new QActionGroup(menu_);
+    for (int index = 0; index < count(); ++index) {
+        QAction* action = menu_->addAction(itemText(index), this, [this, index] { choose(index); });
+        action->setCheckable(true);
+        action->setChecked(index == currentIndex());
+        choices->addAction(action);
+    }
+}
+
+void PopUpButton::showPopup()
+{
+    if (menu_ || count() == 0)
+        return;
+    menu_ = new QMenu(this);
+    menu_->setAttribute(Qt::WA_DeleteOnClose);
+    const ControlColors colors = controlColors(theme_);
+    MenuStyle::apply(*menu_, colors.menu);
+    QPalette palette;
+    palette.setColor(QPalette::Text, colors.text);
+    palette.setColor(QPalette::Highlight, colors.prominent.normal);
+    palette.setColor(QPalette::HighlightedText, colors.prominentText);
+    menu_->setPalette(palette);
+    menu_->setMinimumWidth(width());
+    fillMenu();
+    connect(menu_, &QObject::destroyed, this, qOverload<>(&QWidget::update));
+
+    QAction* current = menu_->actions().value(currentIndex());
+    menu_->ensurePolished();
+    const QRect item = menu_->actionGeometry(current);
+    menu_->popup(mapToGlobal(QPoint(0, (height() - item.height()) / 2 - item.top())));
+    menu_->setActiveAction(current);
+    update();
+}
+
+void PopUpButton::hidePopup()
+{
+    if (menu_)
+        menu_->close();
+}
+
+void PopUpButton::choose(int index)
+{
+    setCurrentIndex(index);
+    emit activated(index);
+}
+
+void PopUpButton::mousePressEvent(QMouseEvent* event)
+{
+    if (event->button() != Qt::LeftButton)
+        return event->ignore();
+    showPopup();
+}
+
+void PopUpButton::wheelEvent(QWheelEvent* event)
+{
+    event->ignore();
+}
+
+} // namespace tessel

@@ -1,0 +1,29 @@
+#pragma once
+
+#include <QtWidgets/QWidget>
+
+class QVBoxLayout;
+
+namespace tessel {
+
+class WindowTheme;
+
+/// A card with a section of the settings: its content, one below the other.
+class SectionCard final : public QWidget {
+    Q_OBJECT
+
+public:
+    /// `theme` must outlive this object.
+    explicit SectionCard(const WindowTheme& theme, QWidget* parent = nullptr);
+
+    QVBoxLayout& content() const { return *content_; }
+
+protected:
+    void paintEvent(QPaintEvent* event) override;
+
+private:
+    const WindowTheme& theme_;
+    QVBoxLayout* content_;
+};
+
+} // namespace tessel
