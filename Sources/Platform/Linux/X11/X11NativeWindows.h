@@ -30,6 +30,8 @@ public:
     /// May be called right after the window has been shown, before it is on screen.
     void makeKeyAndOrderFront(NativeWindowHandle window) override;
     void orderFront(NativeWindowHandle window) override;
+    /// True from a request of the focus for a window that is not on screen yet until it is.
+    bool isAboutToTakeFocus() const { return wantsFocus_ && toolkitWindows_->isShown(*wantsFocus_); }
     /// Known at any time without asking.
     bool blendsTranslucentWindows() const override { return compositingManager_ != noWindow; }
     /// Known at any time without asking.
