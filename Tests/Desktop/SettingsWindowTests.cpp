@@ -123,10 +123,11 @@ TEST_F(SettingsWindowTest, ThirtySecondsRemoveOlderEntriesAtOnceUnderAnOpenPanel
     program_->panel().waitForHeight(Panel::heightFor(3));
     desktop_.connection().waitUntil("the entries to be older than half a minute",
                                     [&] { return std::chrono::steady_clock::now() - copied > 31s; });
-    EXPECT_EQ(program_->panel().find().value().frame.height, Panel::heightFor(3));
+    waitForLabel("3 items");
     click("check box", "30s");
-    program_->panel().waitForHeight(Panel::heightFor(0));
-    waitForLabel("30 s");
+    waitForLabel("30s");
+    waitForLabel("0 items");
+    EXPECT_TRUE(program_->panel().isOpen());
     waitForSetting("quickClearPolicy", "\"custom\"");
     waitForSetting("quickClearCustomSeconds", "30");
 }

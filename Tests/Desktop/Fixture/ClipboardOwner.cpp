@@ -136,7 +136,9 @@ void ClipboardOwner::serve()
     // queue with nothing left to wake a poll.
     while (const auto event = desktop::own(xcb_wait_for_event(connection_.get()))) {
         const auto type = static_cast<std::uint8_t>(event->response_type & eventTypeMask);
-        if (type == XCB_CLIENT_MESSAGE) // From our own end; nobody else sends this window one.
+        // From our own end. Those for window managers are seen here, too.
+        if (type == XCB_CLIENT_MESSAGE &&
+            reinterpret_cast<const xcb_client_message_event_t&>(*event).window == window_)
             return;
         handle(*event);
         connection_.flush();
