@@ -5,7 +5,7 @@
     <name>AccessibleHistoryRow</name>
     <message>
         <source>%1, pinned, %2</source>
-        <extracomment>An entry&apos;s kind and the time at which it was copied.</extracomment>
+        <extracomment>An entry's kind and the time at which it was copied.</extracomment>
         <translation>%1, angeheftet, %2</translation>
     </message>
     <message>

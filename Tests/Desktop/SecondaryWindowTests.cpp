@@ -88,8 +88,7 @@ TEST_P(EitherWindowTest, OpenedTwiceIsOneWindowThatComesToTheFront)
     EXPECT_EQ(second.window, first.window);
     EXPECT_EQ(second.frame, first.frame);
     EXPECT_EQ(subject().count(), 1U);
-    const auto frontmost =
-        desktop_.windows().find([](const WindowFacts& facts) { return facts.isViewable; });
+    const auto frontmost = desktop_.windows().find([](const WindowFacts& facts) { return facts.isViewable; });
     EXPECT_EQ(frontmost.value().window, first.window) << "it is not in front";
 }
 

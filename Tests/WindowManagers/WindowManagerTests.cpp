@@ -9,6 +9,7 @@
 #include "Dock.h"
 #include "Monitors.h"
 #include "ProgramTest.h"
+#include "ProgramWindow.h"
 
 namespace tessel::desktop {
 
@@ -446,6 +447,51 @@ TEST_P(WindowManagerTest, ItStaysClearOfADock)
     program_->openPanel();
     keepPicture("5-above-a-dock");
     program_->closePanel();
+}
+
+TEST_P(WindowManagerTest, TheSettingsOpenInTheMiddleAndComeToTheFrontWithTheFocus)
+{
+    TextClient editor(desktop_, TextClientKind::gtk);
+    ProgramWindow settings(desktop_, program_->process().pid(), "Settings");
+    const auto [width, height] = desktop_.screen();
+    const auto middle = ProgramWindow::centered({420, 520}, {0, 0, width, height});
+    // i3 leaves room for a title bar that is not there.
+    const int mostOff = GetParam() == WindowManagerChoice::i3 ? 20 : 0;
+    for (int times = 0; times < 2; ++times) {
+        editor.activate();
+        desktop_.keyboard().type("typed");
+        desktop_.connection().waitUntil("the editor to have what is typed",
+                                        [&] { return editor.text().ends_with("typed"); });
+        EXPECT_TRUE(Program::runOption(desktop_, "--settings").status.succeeded());
+        const auto window = settings.waitUntilOpen();
+        letTheProgramTick();
+        const auto frame = settings.find().value().frame;
+        EXPECT_NEAR(frame.x, middle.x, mostOff);
+        EXPECT_NEAR(frame.y, middle.y, mostOff);
+        EXPECT_EQ(frame.width, middle.width);
+        EXPECT_EQ(frame.height, middle.height);
+        EXPECT_TRUE(isAbove(window.window, editor.window()));
+        EXPECT_TRUE(desktop_.windows().hasFocus(window.window));
+        EXPECT_EQ(settings.count(), 1U);
+    }
+    desktop_.keyboard().tap(XKB_KEY_Escape);
+    settings.waitUntilClosed();
+    waitForFocus(editor);
+}
+
+TEST_P(WindowManagerTest, ThePanelOverTheSettingsGivesTheFocusBackToThemAndTheyToTheEditor)
+{
+    TextClient editor(desktop_, TextClientKind::gtk);
+    ProgramWindow settings(desktop_, program_->process().pid(), "Settings");
+    EXPECT_TRUE(Program::runOption(desktop_, "--settings").status.succeeded());
+    const auto window = settings.waitUntilOpen();
+    const auto panel = program_->openPanel();
+    EXPECT_TRUE(isAbove(panel.window, window.window));
+    program_->closePanel();
+    EXPECT_EQ(settings.waitUntilOpen().window, window.window);
+    desktop_.keyboard().tap(XKB_KEY_Escape);
+    settings.waitUntilClosed();
+    waitForFocus(editor);
 }
 
 class StartTest : public WindowManagerTest {

@@ -118,14 +118,24 @@ ScreenReader::Tree ScreenReader::waitForTree(const std::string& awaited,
 AccessibleNode ScreenReader::waitForNode(const std::string& role, const std::string& name)
 {
     AccessibleNode found;
-    waitForTree("the " + role + " \"" + name + "\"", [&](const Tree& tree) {
-        const auto node = std::find_if(tree.begin(), tree.end(), [&](const AccessibleNode& candidate) {
-            return candidate.role == role && candidate.name == name && candidate.is("showing");
-        });
-        if (node != tree.end())
-            found = *node;
-        return node != tree.end();
-    });
+    std::string seen;
+    const auto isFound = [&](const Tree& tree) {
+        seen.clear();
+        for (const AccessibleNode& node : tree) {
+            if (!node.is("showing"))
+                continue;
+            found = node;
+            if (node.role == role && node.name == name)
+                return true;
+            seen += " " + node.role + " \"" + node.name + "\"";
+        }
+        return false;
+    };
+    try {
+        waitForTree("the " + role + " \"" + name + "\"", isFound);
+    } catch (const DesktopFailure& failure) {
+        throw DesktopFailure(failure.what() + (" (it reads:" + seen + ")"));
+    }
     return found;
 }
 

@@ -8,6 +8,9 @@
 namespace tessel {
 namespace {
 
+/// What the application knows of a loss of the focus.
+enum class LossIs { unread, known };
+
 template <class Desktop>
 class ActivityTests : public Desktop {
 protected:
@@ -54,6 +57,29 @@ protected:
         EXPECT_TRUE(this->room.application->isActive());
         constexpr int activeInactiveActive = 3;
         EXPECT_EQ(changeCount, activeInactiveActive);
+    }
+
+    /// Opens a second window when the first one has lost the focus, and waits until it has it.
+    void openPanelAfterALoss(LossIs lossIs)
+    {
+        openPanel();
+        TestPanel next;
+        next.prepare(this->room);
+        const auto openNext = [&] {
+            this->room.userTime->note(*this->room.connection->currentServerTime());
+            next.open(this->room);
+        };
+        const Token loss = this->room.toolkitWindows->observeFocus([&] {
+            if (lossIs == LossIs::known && !next.isVisible())
+                openNext();
+        });
+        other.takeFocus();
+        other.synchronize();
+        if (lossIs == LossIs::unread)
+            openNext();
+        EXPECT_TRUE(waitUntil([&] { return this->room.toolkitWindows->focusedWindow() == next.id(); }));
+        EXPECT_TRUE(this->room.application->isActive());
+        EXPECT_EQ(changeCount, 1) << "it was inactive in between";
     }
 
     OtherWindow other;
@@ -147,6 +173,26 @@ TEST_F(X11ApplicationManagedTests, thePanelOpenedAtOnceAfterAnotherIsActive)
 TEST_F(X11ApplicationBareTests, thePanelOpenedAtOnceAfterAnotherIsActive)
 {
     replacePanel();
+}
+
+TEST_F(X11ApplicationManagedTests, aPanelOpenedBeforeTheLossOfTheFocusIsReadStaysActive)
+{
+    openPanelAfterALoss(LossIs::unread);
+}
+
+TEST_F(X11ApplicationManagedTests, aPanelOpenedBeforeTheLossOfTheFocusIsConfirmedStaysActive)
+{
+    openPanelAfterALoss(LossIs::known);
+}
+
+TEST_F(X11ApplicationBareTests, aPanelOpenedBeforeTheLossOfTheFocusIsReadStaysActive)
+{
+    openPanelAfterALoss(LossIs::unread);
+}
+
+TEST_F(X11ApplicationBareTests, aPanelOpenedBeforeTheLossOfTheFocusIsConfirmedStaysActive)
+{
+    openPanelAfterALoss(LossIs::known);
 }
 
 TEST_F(X11ApplicationManagedTests, closingTheOnlyWindowOfTheDesktopEndsTheActivity)

@@ -25,8 +25,11 @@ X11Application::X11Application(std::shared_ptr<X11Connection> connection,
 void X11Application::activate(IgnoringOtherApps)
 {
     const auto& windows = toolkitWindows_->shownWindows();
-    if (!windows.empty())
-        nativeWindows_->makeKeyAndOrderFront(NativeWindowHandle{windows.back()});
+    if (windows.empty())
+        return;
+    // What was lost before is about to be regained.
+    confirmation_.reset();
+    nativeWindows_->makeKeyAndOrderFront(NativeWindowHandle{windows.back()});
 }
 
 void X11Application::terminate()
@@ -63,13 +66,16 @@ void X11Application::update()
     // Without a window there is nothing to be confirmed, and a later answer would be about the next window.
     if (isActive || toolkitWindows_->shownWindows().empty() || !connection_->isAlive())
         return adopt(isActive);
-    confirmInactive();
+    // News of an earlier loss may overtake a window on its way to the screen.
+    if (!nativeWindows_->isAboutToTakeFocus())
+        confirmInactive();
 }
 
 void X11Application::confirmInactive()
 {
+    confirmation_ = std::make_shared<char>();
     connection_->whenReplied<xcb_get_input_focus_reply_t>(
-        xcb_get_input_focus(connection_->raw()), lifetime_, [this](const auto* reply) {
+        xcb_get_input_focus(connection_->raw()), confirmation_, [this](const auto* reply) {
             const bool hasFocus = reply != nullptr && toolkitWindows_->owns(reply->focus);
             // With the focus in another window of ours its own event is on the way.
             if (!hasFocus && !hasActiveWindow())

@@ -44,7 +44,8 @@ private:
     ObserverList<> observers_;
     Token activeWindow_;
     Token focus_;
-    std::shared_ptr<void> lifetime_ = std::make_shared<char>();
+    /// Of the question on its way to the server, which is forgotten with this.
+    std::shared_ptr<void> confirmation_;
 };
 
 } // namespace tessel
