@@ -1,11 +1,13 @@
 #pragma once
 
 #include <cstdint>
+#include <functional>
 #include <span>
 #include <vector>
 
 #include "PixelRectangle.h"
 #include "ScreenPicture.h"
+#include "Token.h"
 
 namespace tessel {
 
@@ -36,6 +38,12 @@ public:
     virtual void orderFront(NativeWindowHandle window) = 0;
     /// True while a compositing manager blends translucent windows (`_NET_WM_CM_Sn`, EWMH).
     virtual bool blendsTranslucentWindows() const = 0;
+
+    /// Tells when a window that is being shown is wholly covered by others, and when it no longer is, as far
+    /// as the system knows (`NSWindowOcclusionStateVisible`). Called before the window is shown, and again
+    /// when it is shown again.
+    virtual Token observeOcclusion(NativeWindowHandle window,
+                                   std::function<void(bool isCovered)> didChange) = 0;
 
     /// True while a compositing manager blurs what is behind windows that ask for it
     /// (`_KDE_NET_WM_BLUR_BEHIND_REGION` on the root window).

@@ -46,9 +46,12 @@ AboutView::AboutView(AppState& appState, WindowTheme& theme, const Actions& acti
     content->setSpacing(spacing);
     for (QWidget* part : {header, static_cast<QWidget*>(shortcuts_), footer})
         content->addWidget(part);
+    setFocusPolicy(Qt::ClickFocus);
     entrance_.add(header, headerOffset);
     entrance_.add(shortcuts_, cardOffset);
     entrance_.add(footer, 0);
+    // The window is laid out before it appears.
+    showState(appState);
 }
 
 QWidget* AboutView::makeHeader()
@@ -86,6 +89,8 @@ void AboutView::showEvent(QShowEvent* event)
     StateView::showEvent(event);
     if (std::exchange(hasEntered_, true))
         return;
+    // Else the first control would have the keyboard focus, and its ring, as soon as the window opens.
+    setFocus();
     if (theme_.reducesMotion())
         entrance_.skip();
     else

@@ -36,6 +36,9 @@ AccessibilityOnboardingView::AccessibilityOnboardingView(WindowTheme& theme,
     , theme_(theme)
 {
     setAttribute(Qt::WA_OpaquePaintEvent);
+    // Else the first button would have the keyboard focus, and its ring, as soon as the window opens.
+    setFocusPolicy(Qt::ClickFocus);
+    setFocus();
     auto* content = new QVBoxLayout(this);
     content->setContentsMargins(padding, padding, padding, padding);
     content->setSpacing(spacing);

@@ -83,6 +83,12 @@ void AnimatedBackground::setWindowBlending(WindowBlending windowBlending)
     update();
 }
 
+void AnimatedBackground::setCovered(bool isCovered)
+{
+    isCovered_ = isCovered;
+    restOrDrift();
+}
+
 void AnimatedBackground::driftTo(double seconds)
 {
     const double phase = inSteps(phaseAfter(seconds));
@@ -115,7 +121,7 @@ bool AnimatedBackground::eventFilter(QObject*, QEvent* event)
 
 void AnimatedBackground::restOrDrift()
 {
-    const bool isSeen = isVisible() && window()->windowHandle()->isExposed();
+    const bool isSeen = isVisible() && window()->windowHandle()->isExposed() && !isCovered_;
     if (!isSeen || theme_.reducesMotion())
         frames_.stop();
     else if (!frames_.isActive())

@@ -30,6 +30,8 @@ public:
 
     /// Without blending the corners are filled: the window's shape cuts them off.
     void setWindowBlending(WindowBlending windowBlending);
+    /// Others are wholly in front of the window, or no longer.
+    void setCovered(bool isCovered);
     /// The circles go to where they are that many seconds after they have begun to drift.
     void driftTo(double seconds);
     bool isDrifting() const { return frames_.isActive(); }
@@ -51,6 +53,7 @@ private:
 
     const WindowTheme& theme_;
     WindowBlending windowBlending_ = WindowBlending::translucent;
+    bool isCovered_ = false;
     QElapsedTimer sinceAppearance_;
     QBasicTimer frames_;
     /// How far the circles are on their way, 0 to 1.

@@ -46,7 +46,15 @@ void ChromelessWindow::showEvent(QShowEvent*)
     blending_ =
         nativeWindows_.blendsTranslucentWindows() ? WindowBlending::translucent : WindowBlending::opaque;
     background_->setWindowBlending(blending_);
+    background_->setCovered(false);
+    occlusion_ = nativeWindows_.observeOcclusion(
+        handle(), [this](bool isCovered) { background_->setCovered(isCovered); });
     cutToBackground();
+}
+
+NativeWindowHandle ChromelessWindow::handle() const
+{
+    return NativeWindowHandle{static_cast<std::uintptr_t>(winId())};
 }
 
 void ChromelessWindow::cutToBackground()
@@ -63,7 +71,7 @@ void ChromelessWindow::cutToBackground()
         part.x += pixels.x();
         part.y += pixels.y();
     }
-    nativeWindows_.cutToShape(NativeWindowHandle{static_cast<std::uintptr_t>(winId())}, shape);
+    nativeWindows_.cutToShape(handle(), shape);
 }
 
 } // namespace tessel

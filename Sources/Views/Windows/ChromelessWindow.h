@@ -2,13 +2,14 @@
 
 #include <QtWidgets/QWidget>
 
+#include "NativeWindows.h"
 #include "Support/WindowBlending.h"
 #include "Support/WindowDrag.h"
+#include "Token.h"
 
 namespace tessel {
 
 class AnimatedBackground;
-class NativeWindows;
 class WindowTheme;
 
 /// A window without a title bar, whose content is all that can be seen of it, on a rounded background by
@@ -28,11 +29,13 @@ protected:
     bool event(QEvent* event) override;
     bool eventFilter(QObject* object, QEvent* event) override;
     void showEvent(QShowEvent* event) override;
+    void hideEvent(QHideEvent*) override { occlusion_.reset(); }
     void mousePressEvent(QMouseEvent* event) override { drag_.press(*event); }
     void mouseMoveEvent(QMouseEvent* event) override { drag_.move(*event); }
     void mouseReleaseEvent(QMouseEvent*) override { drag_.release(); }
 
 private:
+    NativeWindowHandle handle() const;
     /// Cuts the window to its background. Where it blends, the pixels that the corners cover in part stay.
     void cutToBackground();
 
@@ -40,6 +43,7 @@ private:
     AnimatedBackground* background_;
     WindowBlending blending_ = WindowBlending::translucent;
     WindowDrag drag_{*this};
+    Token occlusion_;
 };
 
 } // namespace tessel

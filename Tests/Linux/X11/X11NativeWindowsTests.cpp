@@ -402,5 +402,35 @@ TEST_F(X11NativeWindowsBareTests, aCompositingManagerIsNoticedAsItComesAndGoes)
     EXPECT_TRUE(waitUntil([&] { return !room.nativeWindows->blendsTranslucentWindows(); }));
 }
 
+TEST_F(X11NativeWindowsBareTests, aWindowIsToldThatOthersCoverIt)
+{
+    TestPanel window;
+    std::optional<bool> isCovered;
+    const Token observation =
+        room.nativeWindows->observeOcclusion(window.handle(), [&](bool covered) { isCovered = covered; });
+    window.show();
+    ASSERT_TRUE(waitUntil([&] { return room.toolkitWindows->isShown(window.id()); }));
+    ASSERT_TRUE(everythingIsAnswered());
+    OtherWindow other;
+    other.show();
+    // Until the events have been asked for, nobody tells: it is covered and uncovered until they are.
+    const auto place = [&](bool above) {
+        const std::array<std::uint32_t, 5> values = {0, 0, 1000, 700,
+                                                     above ? XCB_STACK_MODE_ABOVE : XCB_STACK_MODE_BELOW};
+        xcb_configure_window(room.connection->raw(), other.id(),
+                             XCB_CONFIG_WINDOW_X | XCB_CONFIG_WINDOW_Y | XCB_CONFIG_WINDOW_WIDTH |
+                                 XCB_CONFIG_WINDOW_HEIGHT | XCB_CONFIG_WINDOW_STACK_MODE,
+                             values.data());
+        xcb_flush(room.connection->raw());
+    };
+    bool above = false;
+    EXPECT_TRUE(waitUntil([&] {
+        place(above = !above);
+        return isCovered == true;
+    }));
+    place(false);
+    EXPECT_TRUE(waitUntil([&] { return isCovered == false; }));
+}
+
 } // namespace
 } // namespace tessel

@@ -32,6 +32,13 @@ public:
     }
     void makeKeyAndOrderFront(NativeWindowHandle window) override { madeKey.push_back(window); }
     void orderFront(NativeWindowHandle window) override { orderedFront.push_back(window); }
+    /// Whoever observes a window's occlusion now, at most one.
+    std::function<void(bool isCovered)> tellOcclusion;
+    Token observeOcclusion(NativeWindowHandle, std::function<void(bool isCovered)> didChange) override
+    {
+        tellOcclusion = std::move(didChange);
+        return Token([this] { tellOcclusion = nullptr; });
+    }
     bool blendsTranslucentWindows() const override { return blends; }
     bool blursBehindWindows() const override { return blurs; }
     void blurBehind(NativeWindowHandle, const PixelRegion& region) override { blurred = region; }

@@ -223,6 +223,35 @@ void X11NativeWindows::orderFront(NativeWindowHandle window)
     xcb_flush(toolkitWindows_->raw());
 }
 
+Token X11NativeWindows::observeOcclusion(NativeWindowHandle window,
+                                         std::function<void(bool isCovered)> didChange)
+{
+    const auto id = static_cast<xcb_window_t>(window);
+    if (!toolkitWindows_->owns(id) || !connection_->isAlive())
+        return {};
+    struct Observation {
+        Token mapping;
+        Token selection;
+        Token events;
+    };
+    auto observation = std::make_shared<Observation>();
+    // Before it is mapped, the window may not exist yet for requests on this connection.
+    observation->mapping =
+        toolkitWindows_->observeMapping([this, id, kept = observation.get()](xcb_window_t mapped) {
+            if (mapped == id && connection_->isAlive())
+                kept->selection = connection_->selectEvents(id, XCB_EVENT_MASK_VISIBILITY_CHANGE);
+        });
+    observation->events =
+        connection_->observeEvents([id, didChange = std::move(didChange)](const xcb_generic_event_t& event) {
+            if (eventKind(event) != XCB_VISIBILITY_NOTIFY)
+                return;
+            const auto& changed = eventAs<xcb_visibility_notify_event_t>(event);
+            if (changed.window == id)
+                didChange(changed.state == XCB_VISIBILITY_FULLY_OBSCURED);
+        });
+    return Token([observation] {});
+}
+
 void X11NativeWindows::requestFocus(xcb_window_t window)
 {
     xcb_connection_t* raw = toolkitWindows_->raw();

@@ -32,6 +32,9 @@ public:
     void orderFront(NativeWindowHandle window) override;
     /// True from a request of the focus for a window that is not on screen yet until it is.
     bool isAboutToTakeFocus() const { return wantsFocus_ && toolkitWindows_->isShown(*wantsFocus_); }
+    /// By the server's VisibilityNotify events. Under a compositing manager, which puts the screen together
+    /// by itself, the server calls no window covered.
+    Token observeOcclusion(NativeWindowHandle window, std::function<void(bool isCovered)> didChange) override;
     /// Known at any time without asking.
     bool blendsTranslucentWindows() const override { return compositingManager_ != noWindow; }
     /// Known at any time without asking.
