@@ -67,6 +67,56 @@
     </message>
 </context>
 <context>
+    <name>tessel::AboutView</name>
+    <message>
+        <source>Tessel Clipboard</source>
+        <translation>Tessel Clipboard</translation>
+    </message>
+    <message>
+        <source>Tessel clipboard history for macOS.</source>
+        <translation>Tessel-Zwischenablageverlauf für macOS.</translation>
+    </message>
+    <message>
+        <source>Current beta supports text and images.</source>
+        <translation>Die aktuelle Beta unterstützt Texte und Bilder.</translation>
+    </message>
+</context>
+<context>
+    <name>tessel::AccessibilityOnboardingView</name>
+    <message>
+        <source>Enable Accessibility Access</source>
+        <translation>Bedienungshilfen-Zugriff erlauben</translation>
+    </message>
+    <message>
+        <source>Tessel Clipboard needs Accessibility permission to paste selected items automatically into other apps.</source>
+        <translation>Tessel Clipboard benötigt Zugriff auf die Bedienungshilfen, um ausgewählte Einträge automatisch in andere Apps einzusetzen.</translation>
+    </message>
+    <message>
+        <source>How to enable it:</source>
+        <translation>So geht es:</translation>
+    </message>
+    <message>
+        <source>1. Open Privacy &amp; Security settings</source>
+        <translation>1. Einstellungen „Datenschutz &amp; Sicherheit“ öffnen</translation>
+    </message>
+    <message>
+        <source>2. Go to Accessibility</source>
+        <translation>2. Zu „Bedienungshilfen“ gehen</translation>
+    </message>
+    <message>
+        <source>3. Turn on access for Tessel Clipboard</source>
+        <translation>3. Zugriff für Tessel Clipboard einschalten</translation>
+    </message>
+    <message>
+        <source>Not now</source>
+        <translation>Nicht jetzt</translation>
+    </message>
+    <message>
+        <source>Open Accessibility Settings</source>
+        <translation>Bedienungshilfen öffnen</translation>
+    </message>
+</context>
+<context>
     <name>tessel::ClipboardListView</name>
     <message>
         <source>Pinned</source>
@@ -89,6 +139,13 @@
     <message>
         <source>Clipboard</source>
         <translation>Zwischenablage</translation>
+    </message>
+</context>
+<context>
+    <name>tessel::CloseButton</name>
+    <message>
+        <source>Close</source>
+        <translation>Schließen</translation>
     </message>
 </context>
 <context>
@@ -175,7 +232,7 @@
     </message>
     <message>
         <source>Automatically remove older history items.</source>
-        <translation>Ältere Einträge werden von selbst entfernt.</translation>
+        <translation>Entfernt ältere Einträge von selbst.</translation>
     </message>
     <message>
         <source>Panel transparency</source>
@@ -189,63 +246,6 @@
         <source>Reset</source>
         <translation>Zurücksetzen</translation>
     </message>
-    <message>
-        <source>Close</source>
-        <translation>Schließen</translation>
-    </message>
-</context>
-<context>
-    <name>tessel::AboutView</name>
-    <message>
-        <source>Tessel Clipboard</source>
-        <translation>Tessel Clipboard</translation>
-    </message>
-    <message>
-        <source>Tessel clipboard history for macOS.</source>
-        <translation>Tessel-Zwischenablageverlauf für macOS.</translation>
-    </message>
-    <message>
-        <source>Current beta supports text and images.</source>
-        <translation>Die aktuelle Beta unterstützt Texte und Bilder.</translation>
-    </message>
-</context>
-<context>
-    <name>tessel::AccessibilityOnboardingView</name>
-    <message>
-        <source>Enable Accessibility Access</source>
-        <translation>Bedienungshilfen-Zugriff erlauben</translation>
-    </message>
-    <message>
-        <source>Tessel Clipboard needs Accessibility permission to paste selected items automatically into other apps.</source>
-        <translation>Tessel Clipboard benötigt Zugriff auf die Bedienungshilfen, um ausgewählte Einträge automatisch in andere Apps einzusetzen.</translation>
-    </message>
-    <message>
-        <source>How to enable it:</source>
-        <translation>So geht es:</translation>
-    </message>
-    <message>
-        <source>1. Open Privacy &amp; Security settings</source>
-        <translation>1. Einstellungen „Datenschutz &amp; Sicherheit“ öffnen</translation>
-    </message>
-    <message>
-        <source>2. Go to Accessibility</source>
-        <translation>2. Zu „Bedienungshilfen“ gehen</translation>
-    </message>
-    <message>
-        <source>3. Turn on access for Tessel Clipboard</source>
-        <translation>3. Zugriff für Tessel Clipboard einschalten</translation>
-    </message>
-    <message>
-        <source>Not now</source>
-        <translation>Nicht jetzt</translation>
-    </message>
-    <message>
-        <source>Open Accessibility Settings</source>
-        <translation>Bedienungshilfen öffnen</translation>
-    </message>
-</context>
-<context>
-    <name>tessel::CloseButton</name>
     <message>
         <source>Close</source>
         <translation>Schließen</translation>

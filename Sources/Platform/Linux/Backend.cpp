@@ -6,6 +6,7 @@
 #include <utility>
 
 #include "Desktop/AccessibilityStatus.h"
+#include "Desktop/AutostartLoginItem.h"
 #include "Desktop/DesktopAppearance.h"
 #include "Desktop/JSONDefaultsStore.h"
 #include "Desktop/OpenSSLDigest.h"
@@ -61,7 +62,7 @@ struct Backend::Parts {
               .mainQueue = queue,
               .clock = std::make_shared<SystemClock>(),
               .application = x11.application,
-              .loginItem = nullptr,
+              .loginItem = std::make_shared<AutostartLoginItem>(AutostartLoginItem::standardSurroundings()),
               .makeUpdater = {},
           })
         , terminationSignals([application = x11.application] { application->terminate(); })

@@ -301,7 +301,7 @@ void ClipboardListView::paintEvent(QPaintEvent* event)
     painter.setLayoutDirection(layoutDirection());
     RowPainter rowPainter(painter, *artwork_);
     paintRows(rowPainter, event->rect());
-    indicator_.paint(painter, position_, indicatorView());
+    indicator_.paint(painter, position_, indicatorView(), Qt::white);
 
     const bool isUncertain = std::any_of(titleLines_.begin(), titleLines_.end(),
                                          [](const TitleLines& lines) { return !lines.isCertain; });

@@ -135,8 +135,8 @@ inline constexpr double topInset = 4;
 /// Keeps the knob out of the card's round corner.
 inline constexpr double bottomInset = 12;
 inline constexpr double minimumLength = 28;
-inline constexpr double opacity = 0.30;
-inline constexpr double pressedOpacity = 0.50;
+inline constexpr float opacity = 0.30F;
+inline constexpr float pressedOpacity = 0.50F;
 } // namespace scrollIndicator
 
 /// The context menu of a row, in the panel's look.

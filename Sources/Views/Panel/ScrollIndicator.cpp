@@ -71,14 +71,16 @@ double ScrollIndicator::offsetAt(double y, const ScrollPosition& position) const
     return std::clamp(top / way, 0.0, 1.0) * position.maximum();
 }
 
-void ScrollIndicator::paint(QPainter& painter, const ScrollPosition& position, const View& view) const
+void ScrollIndicator::paint(QPainter& painter, const ScrollPosition& position, const View& view,
+                            QColor color) const
 {
     const auto bar = knob(position, view);
     if (!bar)
         return;
     painter.setRenderHint(QPainter::Antialiasing);
     painter.setPen(Qt::NoPen);
-    painter.setBrush(white(isHeld() ? scrollIndicator::pressedOpacity : scrollIndicator::opacity));
+    color.setAlphaF(isHeld() ? scrollIndicator::pressedOpacity : scrollIndicator::opacity);
+    painter.setBrush(color);
     painter.drawRoundedRect(*bar, scrollIndicator::thickness / 2, scrollIndicator::thickness / 2);
 }
 

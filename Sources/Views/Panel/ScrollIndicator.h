@@ -3,6 +3,7 @@
 #include <optional>
 
 #include <QtCore/QRectF>
+#include <QtGui/QColor>
 
 class QPainter;
 
@@ -10,8 +11,7 @@ namespace tessel {
 
 class ScrollPosition;
 
-/// The overlaid scroll indicator of the panel's list: a knob that shows which part is in view, and can be
-/// dragged.
+/// An overlaid scroll indicator: a knob that shows which part is in view, and can be dragged.
 class ScrollIndicator {
 public:
     /// A view of that width in points. The indicator is at the end of its lines.
@@ -32,7 +32,8 @@ public:
     /// The offset of a content whose held knob has been dragged to that height.
     double offsetAt(double y, const ScrollPosition& position) const;
 
-    void paint(QPainter& painter, const ScrollPosition& position, const View& view) const;
+    /// `color` is opaque; the knob lets what is beneath it shine through.
+    void paint(QPainter& painter, const ScrollPosition& position, const View& view, QColor color) const;
 
 private:
     /// The distance from the knob's top to where it is held.

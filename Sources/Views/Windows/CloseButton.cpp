@@ -36,6 +36,11 @@ CloseButton::CloseButton(const WindowTheme& theme, std::function<void()> close, 
     connect(this, &QAbstractButton::clicked, this, std::move(close));
 }
 
+FocusOutline CloseButton::focusOutline() const
+{
+    return {rect(), cornerRadius};
+}
+
 void CloseButton::paintEvent(QPaintEvent*)
 {
     QPainter painter(this);

@@ -5,13 +5,14 @@
 #include <QtWidgets/QAbstractButton>
 
 #include "Support/TextStyle.h"
+#include "Windows/Controls/FocusOutline.h"
 
 namespace tessel {
 
 class WindowTheme;
 
 /// The filled button that closes a window. It has no shortcut of its own.
-class CloseButton final : public QAbstractButton {
+class CloseButton final : public QAbstractButton, public HasFocusOutline {
     Q_OBJECT
 
 public:
@@ -19,6 +20,7 @@ public:
     CloseButton(const WindowTheme& theme, std::function<void()> close, QWidget* parent = nullptr);
 
     QSize sizeHint() const override { return size_; }
+    FocusOutline focusOutline() const override;
 
 protected:
     void paintEvent(QPaintEvent* event) override;

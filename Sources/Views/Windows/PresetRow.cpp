@@ -7,7 +7,6 @@
 
 #include <algorithm>
 #include <cstdlib>
-#include <utility>
 
 #include "Windows/Controls/PushButton.h"
 
@@ -41,12 +40,14 @@ PresetRow::PresetRow(const WindowTheme& theme, QWidget* parent)
     setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
 }
 
-void PresetRow::addChoice(const QString& title, std::function<void()> choose)
+void PresetRow::addChoice(const QString& title, const std::function<void()>& choose)
 {
     auto* button =
         new PushButton(title, PushButton::Look::bordered, theme_, nullptr, PushButton::ControlSize::small);
     button->setCheckable(true);
-    connect(button, &QAbstractButton::clicked, this, std::move(choose));
+    connect(button, &QAbstractButton::clicked, this, choose);
+    // So do assistive programs choose, which do not click.
+    connect(button, &QAbstractButton::toggled, this, choose);
     row_->insertWidget(static_cast<int>(buttons_.size()), button);
     buttons_.push_back(button);
 }
@@ -54,6 +55,7 @@ void PresetRow::addChoice(const QString& title, std::function<void()> choose)
 void PresetRow::setCurrent(std::size_t choice, bool isCurrent)
 {
     PushButton& button = *buttons_.at(choice);
+    const QSignalBlocker blocker(button);
     button.setChecked(isCurrent);
     button.setLook(isCurrent ? PushButton::Look::borderedProminent : PushButton::Look::bordered);
 }

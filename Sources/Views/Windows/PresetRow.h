@@ -22,7 +22,7 @@ public:
     explicit PresetRow(const WindowTheme& theme, QWidget* parent = nullptr);
 
     /// Adds a button at the end, which runs `choose`.
-    void addChoice(const QString& title, std::function<void()> choose);
+    void addChoice(const QString& title, const std::function<void()>& choose);
     /// Shows whether a choice, counted from 0, is the current one.
     void setCurrent(std::size_t choice, bool isCurrent);
 

@@ -2,6 +2,8 @@
 
 #include <QtWidgets/QWidget>
 
+#include "Support/CardPicture.h"
+
 class QVBoxLayout;
 
 namespace tessel {
@@ -23,6 +25,7 @@ protected:
 
 private:
     const WindowTheme& theme_;
+    CardPicture card_;
     QVBoxLayout* content_;
 };
 

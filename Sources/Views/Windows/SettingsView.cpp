@@ -2,6 +2,7 @@
 
 #include <QtGui/QKeyEvent>
 #include <QtWidgets/QHBoxLayout>
+#include <QtWidgets/QStyle>
 #include <QtWidgets/QVBoxLayout>
 
 #include <algorithm>
@@ -13,6 +14,7 @@
 #include "Settings/QuickClearPresets.h"
 #include "Settings/SettingsRules.h"
 #include "Support/CoreText.h"
+#include "Windows/CloseButton.h"
 #include "Windows/ContentScrollArea.h"
 #include "Windows/Controls/CheckBox.h"
 #include "Windows/Controls/FocusRing.h"
@@ -20,7 +22,9 @@
 #include "Windows/Controls/PushButton.h"
 #include "Windows/Controls/Slider.h"
 #include "Windows/PresetRow.h"
+#include "Windows/ScrollIndicatorView.h"
 #include "Windows/SectionCard.h"
+#include "Windows/WindowLabel.h"
 #include "Windows/WindowTheme.h"
 
 namespace tessel {
@@ -72,6 +76,8 @@ SettingsView::SettingsView(AppState& appState, WindowTheme& theme, std::function
     sections_->setContent(makeSections());
     column->addWidget(sections_, 1);
     column->addLayout(makeBottomBar());
+    scrollIndicator_ = new ScrollIndicatorView(*sections_, theme_, this);
+    sections_->installEventFilter(this);
     new FocusRing(this, theme_);
 }
 
@@ -93,7 +99,7 @@ QWidget* SettingsView::makeLaunchAtLoginCard()
 {
     auto* card = new SectionCard(theme_);
     launchAtLogin_ = new CheckBox(tr("Launch at login"), theme_);
-    connect(launchAtLogin_, &QAbstractButton::clicked, this, [this](bool isOn) {
+    connect(launchAtLogin_, &QAbstractButton::toggled, this, [this](bool isOn) {
         if (const auto appState = state())
             appState->launchAtLogin = isOn;
     });
@@ -188,20 +194,18 @@ QHBoxLayout* SettingsView::makeBottomBar()
         if (const auto appState = state())
             appState->panelTintOpacity = AppState::defaultPanelOpacity;
     });
-    auto* close = new PushButton(tr("Close"), PushButton::Look::borderedProminent, theme_);
-    connect(close, &QAbstractButton::clicked, this, [this] { close_(); });
     bar->addWidget(reset);
     bar->addStretch();
-    bar->addWidget(close);
+    bar->addWidget(new CloseButton(theme_, close_));
     return bar;
 }
 
-ThemedLabel* SettingsView::makeLabel(const QString& text, const Text& style, ThemedLabel::Color color)
+WindowLabel* SettingsView::makeLabel(const QString& text, const Text& style, WindowLabel::Color color)
 {
-    return new ThemedLabel(text, style, color, theme_);
+    return new WindowLabel(text, style, color, theme_);
 }
 
-ThemedLabel* SettingsView::makeCaption(const QString& text)
+WindowLabel* SettingsView::makeCaption(const QString& text)
 {
     auto* caption = makeLabel(text, captionText, &WindowColors::secondaryText);
     caption->setWordWrap(true);
@@ -210,23 +214,24 @@ ThemedLabel* SettingsView::makeCaption(const QString& text)
 
 void SettingsView::showState(const AppState& state)
 {
+    // To show a value is not to write it.
+    const QSignalBlocker launchAtLoginBlocker(launchAtLogin_);
+    const QSignalBlocker tintBlocker(tint_);
     launchAtLogin_->setChecked(*state.launchAtLogin);
     const auto preset = std::find(allHotKeyPresets.begin(), allHotKeyPresets.end(), *state.hotKeyPreset);
     hotKeyPreset_->setCurrentIndex(static_cast<int>(preset - allHotKeyPresets.begin()));
-
-    const QuickClearPolicy policy = *state.quickClearPolicy;
-    const double seconds = *state.quickClearCustomSeconds;
-    quickClearValue_->setText(coreText(quickClearValueText(policy, seconds)));
-    for (std::size_t index = 0; index < quickClearPresets.size(); ++index)
-        presets_->setCurrent(index, isPresetSelected(quickClearPresets[index], policy, seconds));
-    presets_->setCurrent(quickClearPresets.size(), policy == QuickClearPolicy::never);
-
-    const double opacity = *state.panelTintOpacity;
-    tintValue_->setText(QStringLiteral("%1%").arg(tintPercent(opacity)));
+    tintValue_->setText(QStringLiteral("%1%").arg(tintPercent(*state.panelTintOpacity)));
     tint_->setAccessibleDescription(tintValue_->text());
-    // To show a value is not to write it.
-    const QSignalBlocker blocker(tint_);
-    tint_->setValue(hundredths(opacity));
+    tint_->setValue(hundredths(*state.panelTintOpacity));
+    showPolicy(*state.quickClearPolicy, *state.quickClearCustomSeconds);
+}
+
+void SettingsView::showPolicy(QuickClearPolicy policy, double customSeconds)
+{
+    quickClearValue_->setText(coreText(quickClearValueText(policy, customSeconds)));
+    for (std::size_t index = 0; index < quickClearPresets.size(); ++index)
+        presets_->setCurrent(index, isPresetSelected(quickClearPresets[index], policy, customSeconds));
+    presets_->setCurrent(quickClearPresets.size(), policy == QuickClearPolicy::never);
 }
 
 void SettingsView::showEvent(QShowEvent* event)
@@ -242,6 +247,19 @@ void SettingsView::keyPressEvent(QKeyEvent* event)
     if (event->key() == Qt::Key_Escape)
         return close_();
     StateView::keyPressEvent(event);
+}
+
+bool SettingsView::eventFilter(QObject* object, QEvent* event)
+{
+    if (object == sections_ && (event->type() == QEvent::Resize || event->type() == QEvent::Move)) {
+        // In the middle of the padding, at the end of the lines.
+        const QRect area = sections_->geometry();
+        const int inset = (padding - ScrollIndicatorView::thickness) / 2;
+        scrollIndicator_->setGeometry(QStyle::visualRect(
+            layoutDirection(), area,
+            {area.right() + 1 + inset, area.top(), ScrollIndicatorView::thickness, area.height()}));
+    }
+    return StateView::eventFilter(object, event);
 }
 
 } // namespace tessel

@@ -2,8 +2,10 @@
 
 #include <functional>
 
+#include "History/QuickClearPolicy.h"
 #include "Support/StateView.h"
-#include "Windows/Controls/ThemedLabel.h"
+#include "Support/TextStyle.h"
+#include "Windows/WindowLabel.h"
 
 class QHBoxLayout;
 class QVBoxLayout;
@@ -14,6 +16,7 @@ class CheckBox;
 class ContentScrollArea;
 class PopUpButton;
 class PresetRow;
+class ScrollIndicatorView;
 class Slider;
 class WindowTheme;
 
@@ -29,9 +32,11 @@ public:
 protected:
     void showEvent(QShowEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
+    bool eventFilter(QObject* object, QEvent* event) override;
 
 private:
     void showState(const AppState& state) override;
+    void showPolicy(QuickClearPolicy policy, double customSeconds);
 
     /// @name The parts, from the top. Each makes its controls members.
     /// @{
@@ -44,17 +49,18 @@ private:
     /// @}
     void addPresets();
 
-    ThemedLabel* makeLabel(const QString& text, const Text& style, ThemedLabel::Color color);
-    ThemedLabel* makeCaption(const QString& text);
+    WindowLabel* makeLabel(const QString& text, const Text& style, WindowLabel::Color color);
+    WindowLabel* makeCaption(const QString& text);
 
     WindowTheme& theme_;
     std::function<void()> close_;
     ContentScrollArea* sections_ = nullptr;
+    ScrollIndicatorView* scrollIndicator_ = nullptr;
     CheckBox* launchAtLogin_ = nullptr;
     PopUpButton* hotKeyPreset_ = nullptr;
-    ThemedLabel* quickClearValue_ = nullptr;
+    WindowLabel* quickClearValue_ = nullptr;
     PresetRow* presets_ = nullptr;
-    ThemedLabel* tintValue_ = nullptr;
+    WindowLabel* tintValue_ = nullptr;
     Slider* tint_ = nullptr;
 };
 

@@ -1,5 +1,7 @@
 #include "Windows/WindowLabel.h"
 
+#include <QtWidgets/QStyle>
+
 #include "Support/TextStyle.h"
 #include "Windows/WindowTheme.h"
 
@@ -11,6 +13,8 @@ WindowLabel::WindowLabel(const QString& text, const Text& style, Color color, co
 {
     setTextFormat(Qt::PlainText);
     setFont(TextStyle(style).font);
+    // By the interface's direction, not by that of the text.
+    setAlignment(QStyle::visualAlignment(layoutDirection(), Qt::AlignLeft) | Qt::AlignVCenter);
     setText(text);
     const auto follow = [this, color, &theme] {
         QPalette colors;

@@ -135,14 +135,18 @@ void ClipboardOwner::serve()
     // Not a poll of the descriptor: sending, on either thread, may also read, and what is read then is in the
     // queue with nothing left to wake a poll.
     while (const auto event = desktop::own(xcb_wait_for_event(connection_.get()))) {
-        const auto type = static_cast<std::uint8_t>(event->response_type & eventTypeMask);
-        // From our own end. Those for window managers are seen here, too.
-        if (type == XCB_CLIENT_MESSAGE &&
-            reinterpret_cast<const xcb_client_message_event_t&>(*event).window == window_)
+        if (isOwnEnd(*event))
             return;
         handle(*event);
         connection_.flush();
     }
+}
+
+bool ClipboardOwner::isOwnEnd(const xcb_generic_event_t& event) const
+{
+    // Messages to the root window are seen on this connection, too.
+    const auto& message = reinterpret_cast<const xcb_client_message_event_t&>(event);
+    return (event.response_type & eventTypeMask) == XCB_CLIENT_MESSAGE && message.window == window_;
 }
 
 void ClipboardOwner::handle(const xcb_generic_event_t& event)

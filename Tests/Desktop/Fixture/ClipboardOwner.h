@@ -51,6 +51,7 @@ private:
     using TransferKey = std::pair<xcb_window_t, xcb_atom_t>;
 
     void serve();
+    bool isOwnEnd(const xcb_generic_event_t& event) const;
     void handle(const xcb_generic_event_t& event);
     void handleProperty(const xcb_property_notify_event_t& event);
     void answer(const xcb_selection_request_event_t& request);

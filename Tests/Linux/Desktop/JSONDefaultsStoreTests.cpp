@@ -7,6 +7,10 @@
 #include <QtCore/QJsonDocument>
 #include <QtCore/QTemporaryDir>
 
+#include <sys/stat.h>
+
+#include "FullDisk.h"
+
 namespace tessel {
 namespace {
 
@@ -112,6 +116,32 @@ TEST_F(JSONDefaultsStoreTest, ADirectoryInTheFilesPlaceIsLeftAlone)
     store.setString("policy", "oneDay");
     EXPECT_EQ(store.string("policy"), "oneDay");
     EXPECT_TRUE(QDir(path()).exists());
+}
+
+TEST_F(JSONDefaultsStoreTest, WhatIsNoFileIsLeftAlone)
+{
+    QDir().mkpath(directory_.filePath("tessel-clipboard"));
+    ASSERT_EQ(mkfifo(path().toUtf8().constData(), 0600), 0);
+    JSONDefaultsStore store(path());
+    store.setDouble("number", 1);
+    EXPECT_EQ(store.number("number"), 1.0);
+    struct stat now = {};
+    ASSERT_EQ(stat(path().toUtf8().constData(), &now), 0);
+    EXPECT_TRUE(S_ISFIFO(now.st_mode));
+}
+
+TEST_F(JSONDefaultsStoreTest, AFullDiskLosesNothing)
+{
+    JSONDefaultsStore store(path());
+    store.setDouble("number", 1);
+    const QByteArray before = read("settings.json");
+    {
+        const FullDisk disk(5);
+        store.setDouble("number", 2);
+    }
+    EXPECT_EQ(read("settings.json"), before);
+    EXPECT_EQ(files(), QStringList{"settings.json"});
+    EXPECT_EQ(store.number("number"), 2.0);
 }
 
 } // namespace

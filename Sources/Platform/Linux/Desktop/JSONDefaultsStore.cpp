@@ -1,13 +1,13 @@
 #include "Desktop/JSONDefaultsStore.h"
 
-#include <QtCore/QDir>
 #include <QtCore/QFile>
 #include <QtCore/QFileInfo>
 #include <QtCore/QJsonDocument>
-#include <QtCore/QSaveFile>
 #include <QtCore/QStandardPaths>
 
 #include <utility>
+
+#include "Desktop/WholeFile.h"
 
 namespace tessel {
 
@@ -102,12 +102,7 @@ void JSONDefaultsStore::set(std::string_view key, const QJsonValue& value)
 
     QJsonObject merged = readValues(path_);
     merged.insert(keyText(key), value);
-    QDir().mkpath(QFileInfo(path_).path());
-    QSaveFile file(path_);
-    if (!file.open(QIODevice::WriteOnly))
-        return;
-    file.write(QJsonDocument(merged).toJson(QJsonDocument::Indented));
-    file.commit();
+    writeWholeFile(path_, QJsonDocument(merged).toJson(QJsonDocument::Indented));
 }
 
 } // namespace tessel

@@ -43,9 +43,10 @@ ControlColors controlColors(const WindowTheme& theme)
     // A shade under black text would take from its contrast what it needs.
     const QColor pressed = text == Qt::white ? shaded(fill, pressedShade)
                                              : fill.lighter(100 + static_cast<int>(100 * pressedShade));
+    const bool isDark = theme.colorScheme() == ColorScheme::dark;
     QColor focusRing = theme.colors().accent;
-    focusRing.setAlphaF(0.5F);
-    if (theme.colorScheme() == ColorScheme::dark) {
+    focusRing.setAlphaF(isDark ? 0.75F : 0.5F); // Half of it is hardly seen on a dark card.
+    if (isDark) {
         return {
             .text = theme.colors().primaryText,
             .bezel = {white(0.20), white(0.32)},

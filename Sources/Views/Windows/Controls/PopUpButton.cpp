@@ -103,14 +103,18 @@ void PopUpButton::showPopup()
     palette.setColor(QPalette::Highlight, colors.prominent.normal);
     palette.setColor(QPalette::HighlightedText, colors.prominentText);
     menu_->setPalette(palette);
-    menu_->setMinimumWidth(width());
     fillMenu();
     connect(menu_, &QObject::destroyed, this, qOverload<>(&QWidget::update));
 
+    // The current item's text lies on the button's.
     QAction* current = menu_->actions().value(currentIndex());
     menu_->ensurePolished();
     const QRect item = menu_->actionGeometry(current);
-    menu_->popup(mapToGlobal(QPoint(0, (height() - item.height()) / 2 - item.top())));
+    const int overhang = item.left() + MenuStyle::textInset() - titleInset;
+    menu_->setFixedWidth(std::max(menu_->sizeHint().width(), width() + overhang));
+    const QPoint place(isRightToLeft() ? width() + overhang - menu_->width() : -overhang,
+                       (height() - item.height()) / 2 - item.top());
+    menu_->popup(mapToGlobal(place));
     menu_->setActiveAction(current);
     update();
 }
