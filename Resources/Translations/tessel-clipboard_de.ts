@@ -246,10 +246,6 @@
         <source>Reset</source>
         <translation>Zurücksetzen</translation>
     </message>
-    <message>
-        <source>Close</source>
-        <translation>Schließen</translation>
-    </message>
 </context>
 <context>
     <name>tessel::ShortcutCard</name>
