@@ -1,3 +1,5 @@
+#include <algorithm>
+
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
@@ -196,8 +198,12 @@ TEST_F(AboutViewTest, EntersAsASpringMoves)
 
 TEST_F(AboutViewTest, SettlesByItself)
 {
+    const auto hasEffect = [](const QWidget* part) { return part->graphicsEffect() != nullptr; };
     show();
+    EXPECT_TRUE(std::ranges::any_of(view().findChildren<QWidget*>(), hasEffect));
     EXPECT_TRUE(waitUntil([&] { return view().entrance().state() == QAbstractAnimation::Stopped; }));
+    // What has none is drawn directly.
+    EXPECT_TRUE(std::ranges::none_of(view().findChildren<QWidget*>(), hasEffect));
     EXPECT_GT(mostOpaque(drawn(view()), view().rect()), 200);
 }
 

@@ -55,12 +55,12 @@ double phaseAfter(double seconds)
 /// smaller ones would only cost more.
 double inSteps(double phase)
 {
-    constexpr double steps = 24;
+    constexpr double steps = 18;
     return std::round(phase * steps) / steps;
 }
 
 /// More often than the circles take a step where they are fastest.
-constexpr int millisecondsPerFrame = 120;
+constexpr int millisecondsPerFrame = 150;
 
 } // namespace
 
@@ -163,7 +163,7 @@ void AnimatedBackground::paintCircles(QPainter& painter)
     for (std::size_t index = 0; index < circleCount; ++index) {
         const QImage& picture = circlePictures_.at(index);
         const QPointF center = (middle + circles.at(index).offset(phase_)) * ratio;
-        painter.drawImage(center.toPoint() - QRect(QPoint(), picture.size() / 2).bottomRight(), picture);
+        painter.drawImage(center.toPoint() - QPoint(picture.width(), picture.height()) / 2, picture);
     }
     painter.restore();
 }
