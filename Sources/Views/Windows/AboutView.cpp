@@ -10,6 +10,7 @@
 #include "Support/CoreText.h"
 #include "Support/TextStyle.h"
 #include "Windows/CloseButton.h"
+#include "Windows/Controls/FocusRing.h"
 #include "Windows/LinkButton.h"
 #include "Windows/ShortcutCard.h"
 #include "Windows/Website.h"
@@ -50,6 +51,7 @@ AboutView::AboutView(AppState& appState, WindowTheme& theme, const Actions& acti
     entrance_.add(header, headerOffset);
     entrance_.add(shortcuts_, cardOffset);
     entrance_.add(footer, 0);
+    new FocusRing(this, theme);
     // The window is laid out before it appears.
     showState(appState);
 }

@@ -2,12 +2,13 @@
 
 #include <QtGui/QPainter>
 #include <QtWidgets/QHBoxLayout>
-#include <QtWidgets/QPushButton>
 #include <QtWidgets/QVBoxLayout>
 
 #include <utility>
 
 #include "Support/TextStyle.h"
+#include "Windows/Controls/FocusRing.h"
+#include "Windows/Controls/PushButton.h"
 #include "Windows/WindowLabel.h"
 #include "Windows/WindowTheme.h"
 
@@ -53,6 +54,7 @@ AccessibilityOnboardingView::AccessibilityOnboardingView(WindowTheme& theme,
     content->addLayout(makeSteps());
     content->addLayout(makeButtons(std::move(openSettings), std::move(close)));
     content->addStretch();
+    new FocusRing(this, theme);
     connect(&theme, &WindowTheme::didChange, this, qOverload<>(&QWidget::update));
 }
 
@@ -74,9 +76,10 @@ QLayout* AccessibilityOnboardingView::makeSteps()
 QLayout* AccessibilityOnboardingView::makeButtons(std::function<void()> openSettings,
                                                   std::function<void()> close)
 {
-    auto* notNow = new QPushButton(tr("Not now"));
+    auto* notNow = new PushButton(tr("Not now"), PushButton::Look::plain, theme_);
     connect(notNow, &QAbstractButton::clicked, this, std::move(close));
-    auto* open = new QPushButton(tr("Open Accessibility Settings"));
+    auto* open =
+        new PushButton(tr("Open Accessibility Settings"), PushButton::Look::borderedProminent, theme_);
     connect(open, &QAbstractButton::clicked, this, std::move(openSettings));
     auto* buttons = new QHBoxLayout;
     buttons->setSpacing(buttonSpacing);

@@ -17,6 +17,7 @@ namespace {
 
 constexpr int symbolSide = 12; // Points, as the other lengths.
 constexpr int spacing = 5;
+constexpr double focusRadius = 3;
 constexpr double pressedOpacity = 0.6;
 
 } // namespace
@@ -44,6 +45,11 @@ void LinkButton::keyPressEvent(QKeyEvent* event)
         click();
     else
         QAbstractButton::keyPressEvent(event);
+}
+
+FocusOutline LinkButton::focusOutline() const
+{
+    return {rect(), focusRadius};
 }
 
 void LinkButton::paintEvent(QPaintEvent*)

@@ -6,13 +6,14 @@
 
 #include "Support/SymbolPicture.h"
 #include "Support/TextStyle.h"
+#include "Windows/Controls/FocusOutline.h"
 
 namespace tessel {
 
 class WindowTheme;
 
 /// A link: a symbol and a text. To assistive programs it is a link, too.
-class LinkButton final : public QAbstractButton {
+class LinkButton final : public QAbstractButton, public HasFocusOutline {
     Q_OBJECT
 
 public:
@@ -20,6 +21,7 @@ public:
     LinkButton(const QString& text, const WindowTheme& theme, std::function<void()> open);
 
     QSize sizeHint() const override { return size_; }
+    FocusOutline focusOutline() const override;
 
 protected:
     void paintEvent(QPaintEvent* event) override;
