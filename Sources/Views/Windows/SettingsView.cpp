@@ -16,7 +16,6 @@
 #include "Support/CoreText.h"
 #include "Windows/CloseButton.h"
 #include "Windows/ContentScrollArea.h"
-#include "Windows/CloseButton.h"
 #include "Windows/Controls/CheckBox.h"
 #include "Windows/Controls/FocusRing.h"
 #include "Windows/Controls/PopUpButton.h"
