@@ -4,6 +4,7 @@
 #include <QtDBus/QDBusMetaType>
 
 #include <stdexcept>
+#include <utility>
 
 namespace tessel {
 
@@ -16,7 +17,7 @@ const QString connectionName = QStringLiteral("portal");
 PortalStandIn::PortalStandIn(const QString& busAddress)
     : bus_(QDBusConnection::connectToBus(busAddress, connectionName))
 {
-    qDBusRegisterMetaType<PortalSettings>();
+    qDBusRegisterMetaType<Settings>();
     bus_.registerObject(QStringLiteral("/org/freedesktop/portal/desktop"), this,
                         QDBusConnection::ExportAllSlots | QDBusConnection::ExportAllSignals);
 }
@@ -59,10 +60,10 @@ QVariant PortalStandIn::color(double red, double green, double blue)
     return QVariant::fromValue(argument);
 }
 
-PortalSettings PortalStandIn::ReadAll(const QStringList& namespaces)
+PortalStandIn::Settings PortalStandIn::ReadAll(const QStringList& namespaces)
 {
     ++requests_;
-    PortalSettings answer;
+    Settings answer;
     for (const QString& group : namespaces) {
         if (settings_.contains(group))
             answer[group] = settings_[group];

@@ -1,16 +1,15 @@
 #pragma once
 
+#include <QtCore/QMap>
 #include <QtCore/QObject>
 #include <QtCore/QStringList>
+#include <QtCore/QVariantMap>
 #include <QtDBus/QDBusConnection>
 #include <QtDBus/QDBusContext>
 #include <QtDBus/QDBusMessage>
 #include <QtDBus/QDBusVariant>
 
-#include <utility>
 #include <vector>
-
-#include "Desktop/DesktopAppearance.h"
 
 namespace tessel {
 
@@ -20,6 +19,9 @@ class PortalStandIn : public QObject, protected QDBusContext {
     Q_CLASSINFO("D-Bus Interface", "org.freedesktop.portal.Settings")
 
 public:
+    /// Values by key, by namespace.
+    using Settings = QMap<QString, QVariantMap>;
+
     explicit PortalStandIn(const QString& busAddress);
     ~PortalStandIn() override;
 
@@ -44,14 +46,14 @@ public:
     static QVariant color(double red, double green, double blue);
 
 public slots: // The interface's own names.
-    tessel::PortalSettings ReadAll(const QStringList& namespaces);
+    tessel::PortalStandIn::Settings ReadAll(const QStringList& namespaces);
 
 signals:
     void SettingChanged(const QString& group, const QString& key, const QDBusVariant& value);
 
 private:
     QDBusConnection bus_;
-    PortalSettings settings_;
+    Settings settings_;
     bool keepsAnswers_ = false;
     bool talksNonsense_ = false;
     std::vector<QDBusMessage> keptAnswers_;
