@@ -1,29 +1,29 @@
-// Takes the pictures of the panel that Documentation/Pictures holds: each of its states, over each desktop,
-// with and without a compositor, at two scales. The program and everything around it are real.
+// Takes the pictures that Documentation/Pictures holds: the panel in each of its states, over each desktop,
+// and the other windows, light and dark; with and without a compositor, at two scales. The program and
+// everything around it are real.
 //
-//     tessel-reference-pictures <directory>
+//     tessel-reference-pictures <directory> [panel | windows]
 
 #include <algorithm>
-#include <cmath>
 #include <cstdio>
 #include <cstdlib>
 #include <filesystem>
 #include <iterator>
+#include <optional>
 #include <string>
 #include <vector>
 
 #include "ClipboardOwner.h"
-#include "Desktop.h"
 #include "Landscape.h"
 #include "Program.h"
+#include "Surroundings.h"
+#include "WindowPictures.h"
 
 namespace tessel::desktop {
 
 namespace {
 
-constexpr int margin = 24;          // Points of desktop around the panel.
 constexpr int rowInTheMiddle = 300; // Points from the top of a panel with six entries.
-constexpr Place farFromThePanel = {60, 50};
 
 /// What the user does with a panel that has just been opened.
 enum class Deed { nothing, click };
@@ -66,21 +66,6 @@ const std::vector<State>& states()
     return states;
 }
 
-struct Surroundings {
-    CompositorChoice compositor;
-    double scale;
-
-    std::string name() const
-    {
-        return std::string(compositor == CompositorChoice::picom ? "compositor" : "no-compositor") + "-" +
-               std::to_string(static_cast<int>(scale)) + "x";
-    }
-    Extent screen() const
-    {
-        return {static_cast<int>(std::lround(640 * scale)), static_cast<int>(std::lround(720 * scale))};
-    }
-};
-
 /// A cut-out of a landscape, of a size that no two pictures share.
 Picture photograph(int number)
 {
@@ -104,9 +89,7 @@ public:
     Session(const Surroundings& surroundings, std::filesystem::path directory)
         : directory_(std::move(directory))
         , scale_(surroundings.scale)
-        , desktop_({.screen = surroundings.screen(),
-                    .compositor = surroundings.compositor,
-                    .scale = surroundings.scale})
+        , desktop_(surroundings.desktop())
         , owner_(desktop_.displayName())
     {
         std::filesystem::create_directories(directory_);
@@ -121,7 +104,7 @@ public:
 private:
     void take(const State& state)
     {
-        desktop_.pointer().moveTo(farFromThePanel);
+        desktop_.pointer().moveTo(farFromTheWindows);
         owner_.clear();
         Program program(desktop_);
         copyEntries(program, state);
@@ -136,8 +119,8 @@ private:
             desktop_.pixels().readQuietScreen();
             const WindowFacts panel = program.openPanel();
             perform(state.deed, panel.frame);
-            save(state.name + "-" + name, panel.frame);
-            desktop_.pointer().moveTo(farFromThePanel);
+            saveWithSurroundings(desktop_, panel.frame, directory_ / (state.name + "-" + name + ".png"));
+            desktop_.pointer().moveTo(farFromTheWindows);
             program.closePanel();
         }
         program.quit();
@@ -182,29 +165,35 @@ private:
         desktop_.pointer().click();
     }
 
-    void save(const std::string& name, const Frame& panel)
-    {
-        const int border = static_cast<int>(margin * scale_);
-        desktop_.pixels().readQuietScreen();
-        const Frame surroundings = {panel.x - border, panel.y - border, panel.width + 2 * border,
-                                    panel.height + 2 * border};
-        writePng(desktop_.pixels().read(surroundings), directory_ / (name + ".png"));
-    }
-
     std::filesystem::path directory_;
     double scale_;
     Desktop desktop_;
     ClipboardOwner owner_;
 };
 
-void takeAll(const std::filesystem::path& directory)
+/// What there are pictures of.
+enum class Choice { everything, panel, windows };
+
+std::optional<Choice> choiceOf(const std::string& word)
+{
+    if (word == "panel")
+        return Choice::panel;
+    if (word == "windows")
+        return Choice::windows;
+    return std::nullopt;
+}
+
+void takeAll(const std::filesystem::path& directory, Choice choice)
 {
     for (const auto compositor : {CompositorChoice::none, CompositorChoice::picom}) {
         for (const double scale : {1.0, 2.0}) {
             const Surroundings surroundings = {compositor, scale};
             std::printf("%s\n", surroundings.name().c_str());
             std::fflush(stdout);
-            Session(surroundings, directory / surroundings.name()).takeAll();
+            if (choice != Choice::windows)
+                Session(surroundings, directory / surroundings.name()).takeAll();
+            if (choice != Choice::panel)
+                takeWindowPictures(surroundings, directory / surroundings.name());
         }
     }
 }
@@ -215,12 +204,15 @@ void takeAll(const std::filesystem::path& directory)
 
 int main(int argumentCount, char** arguments)
 {
-    if (argumentCount != 2) {
-        std::fprintf(stderr, "usage: %s <directory>\n", arguments[0]);
+    using tessel::desktop::Choice;
+    const auto choice =
+        argumentCount == 3 ? tessel::desktop::choiceOf(arguments[2]) : std::optional(Choice::everything);
+    if (argumentCount < 2 || argumentCount > 3 || !choice) {
+        std::fprintf(stderr, "usage: %s <directory> [panel | windows]\n", arguments[0]);
         return EXIT_FAILURE;
     }
     try {
-        tessel::desktop::takeAll(arguments[1]);
+        tessel::desktop::takeAll(arguments[1], *choice);
     } catch (const std::exception& failure) {
         std::fprintf(stderr, "%s\n", failure.what());
         return EXIT_FAILURE;
