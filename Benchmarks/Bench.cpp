@@ -15,6 +15,7 @@
 #include "ClipboardReader.h"
 #include "Desktop.h"
 #include "HoldUpWatch.h"
+#include "OpenWindows.h"
 #include "OpeningWatch.h"
 #include "PeakMemory.h"
 #include "PollCost.h"
@@ -87,6 +88,7 @@ public:
         section({"20 pictures"}, [this] { measurePictureMemory(); });
         section({"exactly 100 entries"}, [this] { checkEntries(); });
         section({"the end"}, [this] { quit(); });
+        section({"both windows open"}, [this] { measureOpenWindows(); });
         section({"100 MB of text"}, [this] { measureLargeText(); });
         section({"a 7680 x 4320 PNG"}, [this] { measureLargePicture(); });
         section({"a poll"}, [this] { measurePolls(); });
@@ -435,6 +437,18 @@ private:
                          std::to_string(static_cast<int>(milliseconds(capturing))) + " ms"});
         reportHoldUp("a 7680 x 4320 PNG", holdUp);
         program.quit();
+    }
+
+    void measureOpenWindows()
+    {
+        for (const double scale : {1.0, 2.0})
+            report_.add(
+                {"settings and about window open, at a scale of " + std::to_string(static_cast<int>(scale)),
+                 "%",
+                 100 * shareOfOpenWindows(scale),
+                 {},
+                 3,
+                 "of one core"});
     }
 
     void measurePolls()
