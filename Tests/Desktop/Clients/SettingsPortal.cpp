@@ -12,9 +12,9 @@ namespace {
 
 using tessel::PortalStandIn;
 
-QVariant valueOf(std::string_view key, std::string_view words)
+QVariant valueOf(std::string_view key, std::string_view value)
 {
-    std::istringstream stream{std::string(words)};
+    std::istringstream stream{std::string(value)};
     if (key == "accent-color") {
         double red = 0;
         double green = 0;
@@ -34,7 +34,7 @@ int main(int argumentCount, char** arguments)
     const QCoreApplication application(argumentCount, arguments);
     PortalStandIn portal(qEnvironmentVariable("DBUS_SESSION_BUS_ADDRESS"));
     bool hasStarted = false;
-    const tessel::desktop::QtCommandLines commandLines([&](std::string_view word, std::string_view rest) {
+    const tessel::desktop::QtCommandLines commandLines([&](std::string_view word, std::string_view value) {
         if (word == "start") {
             portal.start();
             hasStarted = true;
@@ -42,7 +42,7 @@ int main(int argumentCount, char** arguments)
         }
         const auto set = hasStarted ? &PortalStandIn::change : &PortalStandIn::hold;
         const auto key = QString::fromUtf8(word.data(), static_cast<qsizetype>(word.size()));
-        (portal.*set)(QStringLiteral("org.freedesktop.appearance"), key, valueOf(word, rest));
+        (portal.*set)(QStringLiteral("org.freedesktop.appearance"), key, valueOf(word, value));
         return std::string();
     });
     return QCoreApplication::exec();
