@@ -320,6 +320,26 @@ TEST_F(X11NativeWindowsBareTests, aWindowThatHasGoneMeanwhileIsPassedOver)
     EXPECT_TRUE(waitUntil([&] { return other.hasFocus(); }));
 }
 
+TEST_F(X11NativeWindowsBareTests, aWindowWhoseTaskAnotherHasTakenOverIsPassedOverToo)
+{
+    OtherWindow other;
+    other.show();
+    other.takeFocus();
+    ASSERT_TRUE(waitUntil([&] { return other.hasFocus(); }));
+    TestPanel settings;
+    TestPanel about;
+    TestPanel panel;
+    openOnBehalfOfTheUser(settings);
+    openOnBehalfOfTheUser(about);
+    // The panel is there before it is read that the settings have gone.
+    settings.hide();
+    openOnBehalfOfTheUser(panel);
+    panel.hide();
+    ASSERT_TRUE(waitUntil([&] { return room.toolkitWindows->focusedWindow() == about.id(); }));
+    about.hide();
+    EXPECT_TRUE(waitUntil([&] { return other.hasFocus(); }));
+}
+
 TEST_F(X11NativeWindowsBareTests, theFocusGoesBackToWhoHadItLastNotFirst)
 {
     OtherWindow first;

@@ -273,6 +273,7 @@ void X11NativeWindows::takeFocus(xcb_window_t window, xcb_timestamp_t time)
         focusBefore_, [this](const auto& entry) { return !toolkitWindows_->isShown(entry.first); });
     if (gone != focusBefore_.end() && !focusBefore_.contains(window)) {
         auto task = focusBefore_.extract(gone);
+        passOn(task.key(), task.mapped());
         task.key() = window;
         focusBefore_.insert(std::move(task));
     }
@@ -299,6 +300,14 @@ void X11NativeWindows::rememberFocus(xcb_window_t window, xcb_window_t focus)
     const bool isGoing = toolkitWindows_->owns(focus) && !toolkitWindows_->isShown(focus);
     if (focus != window && !(isKnown && (isNobodys(focus) || isGoing)))
         focusBefore_[window] = focus;
+}
+
+void X11NativeWindows::passOn(xcb_window_t gone, xcb_window_t focusThen)
+{
+    for (auto& [window, before] : focusBefore_) {
+        if (before == gone)
+            before = focusThen;
+    }
 }
 
 bool X11NativeWindows::isNobodys(xcb_window_t focus) const
@@ -328,11 +337,7 @@ void X11NativeWindows::windowDidUnmap(xcb_window_t window)
             return;
         const xcb_window_t focusThen = found->second;
         focusBefore_.erase(found);
-        // Whoever was to give the focus back to this window gives it to who had it before.
-        for (auto& [other, before] : focusBefore_) {
-            if (before == window)
-                before = focusThen;
-        }
+        passOn(window, focusThen);
         // The server has taken the focus from the hidden window. Where it is anybody's, somebody has put it.
         if (isNobodys(focus) && !windowManager_->maintainsActiveWindow())
             giveFocusBack(focusThen);

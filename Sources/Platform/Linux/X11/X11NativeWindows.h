@@ -64,6 +64,8 @@ private:
     void requestFocus(xcb_window_t window);
     void takeFocus(xcb_window_t window, xcb_timestamp_t time);
     void rememberFocus(xcb_window_t window, xcb_window_t focus);
+    /// Whoever was to give the focus back to a window that has gone gives it to who had it before that one.
+    void passOn(xcb_window_t gone, xcb_window_t focusThen);
     /// True where the server leaves the focus when the window that had it goes.
     bool isNobodys(xcb_window_t focus) const;
     void giveFocusBack(xcb_window_t focus);
