@@ -2,7 +2,10 @@
 
 #include <algorithm>
 
+#include <gtest/gtest.h>
+
 #include "Typist.h"
+#include "WaitUntil.h"
 #include "X11/FocusEvents.h"
 #include "X11/X11Reply.h"
 
@@ -53,8 +56,19 @@ void OtherWindow::show()
 
 void OtherWindow::takeFocus()
 {
+    // The server refuses the focus to a window that cannot be seen, and a window manager's frame may come
+    // later.
+    EXPECT_TRUE(waitUntil([this] { return isViewable(); }));
     xcb_set_input_focus(connection_, XCB_INPUT_FOCUS_PARENT, window_, XCB_CURRENT_TIME);
     xcb_flush(connection_);
+}
+
+bool OtherWindow::isViewable()
+{
+    const X11Reply<xcb_get_window_attributes_reply_t> reply(xcb_get_window_attributes_reply(
+        connection_, xcb_get_window_attributes(connection_, window_), nullptr));
+    read(); // What the server has sent meanwhile has been received, and wakes nobody any more.
+    return reply && reply->map_state == XCB_MAP_STATE_VIEWABLE;
 }
 
 void OtherWindow::takeFocusInside()

@@ -32,7 +32,7 @@ public:
     xcb_window_t id() const { return window_; }
     ProcessIdentifier process() const { return ProcessIdentifier{window_}; }
     void show();
-    /// Sets the focus as a program does that takes it by itself.
+    /// Sets the focus as a program does that takes it by itself. Waits until the window can have it.
     void takeFocus();
     /// Gives the focus to a window inside this one, which is created for it.
     void takeFocusInside();
@@ -66,6 +66,7 @@ public:
     void ungrabKeyboard();
 
 private:
+    bool isViewable();
     void read();
     void handle(const xcb_generic_event_t& event);
     xcb_atom_t atom(const std::string& name);
