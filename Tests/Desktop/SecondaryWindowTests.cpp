@@ -101,6 +101,29 @@ TEST_P(EitherWindowTest, ComesBackFromMinimised)
     EXPECT_EQ(open().window, first.window);
 }
 
+TEST_P(EitherWindowTest, IsMovedByItsBackgroundAsFarAsThePointer)
+{
+    const Frame start = open().frame;
+    // Beside the content, which is inset.
+    const Place grip = {start.x + 8, start.y + start.height / 2};
+    constexpr int way = 100;
+    auto& pointer = desktop_.pointer();
+    pointer.moveTo(grip);
+    pointer.press();
+    for (int gone = 0; gone <= way; gone += 4)
+        pointer.moveTo({grip.x + gone, grip.y - gone});
+    // A window manager that takes over sees the pointer from then on only.
+    desktop_.connection().waitUntil("the window to be as far as the pointer", [&] {
+        const Frame moved = {start.x + way, start.y - way, start.width, start.height};
+        if (subject().find().value().frame == moved)
+            return true;
+        pointer.moveTo({grip.x + way, grip.y - way + 1});
+        pointer.moveTo({grip.x + way, grip.y - way});
+        return false;
+    });
+    pointer.release();
+}
+
 TEST_P(EitherWindowTest, EscapeClosesItAndTheNextOneIsBackInTheMiddle)
 {
     TextClient editor(desktop_, TextClientKind::gtk);

@@ -1,5 +1,7 @@
 #include "Support/WindowDrag.h"
 
+#include <utility>
+
 #include <QtGui/QMouseEvent>
 #include <QtGui/QWindow>
 #include <QtWidgets/QApplication>
@@ -19,13 +21,13 @@ void WindowDrag::move(const QMouseEvent& event)
     if (!start_ || !event.buttons().testFlag(Qt::LeftButton))
         return;
     const QPoint way = event.globalPosition().toPoint() - start_->pointer;
-    if (way.manhattanLength() < QApplication::startDragDistance() && window_.pos() == start_->window)
+    if (!start_->isDrag && way.manhattanLength() < QApplication::startDragDistance())
         return;
-    // The window manager moves windows best; without one we do.
-    if (window_.pos() == start_->window && window_.windowHandle()->startSystemMove())
+    const bool beginsNow = !std::exchange(start_->isDrag, true);
+    window_.move(start_->window + way);
+    // The window manager moves windows best, and from here on; without one we do.
+    if (beginsNow && window_.windowHandle()->startSystemMove())
         start_.reset();
-    else
-        window_.move(start_->window + way);
 }
 
 } // namespace tessel

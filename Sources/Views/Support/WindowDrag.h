@@ -23,8 +23,9 @@ public:
 
 private:
     struct Start {
-        QPoint pointer; ///< Where the button went down, on the screen.
-        QPoint window;  ///< Where the window was then.
+        QPoint pointer;      ///< Where the button went down, on the screen.
+        QPoint window;       ///< Where the window was then.
+        bool isDrag = false; ///< The pointer has gone farther than a click does.
     };
 
     QWidget& window_;
