@@ -23,6 +23,8 @@ struct WindowColors {
     QColor linkText;
     QColor firstCircle; ///< Of the drifting background.
     QColor secondCircle;
+
+    bool operator==(const WindowColors&) const = default;
 };
 
 /// The colours for a user's taste. What the system names no colour for comes from `palette`, as far as that

@@ -8,7 +8,8 @@ namespace tessel {
 
 WindowTheme::WindowTheme(Appearance& appearance)
     : appearance_(appearance)
-    , colors_(windowColors(appearance.settings(), QGuiApplication::palette()))
+    , settings_(appearance.settings())
+    , colors_(windowColors(settings_, QGuiApplication::palette()))
     , observation_(appearance.observe([this] { update(); }))
 {
     qGuiApp->installEventFilter(this);
@@ -23,7 +24,13 @@ bool WindowTheme::eventFilter(QObject* object, QEvent* event)
 
 void WindowTheme::update()
 {
-    colors_ = windowColors(appearance_.settings(), QGuiApplication::palette());
+    const AppearanceSettings& settings = appearance_.settings();
+    const WindowColors colors = windowColors(settings, QGuiApplication::palette());
+    // One change of the desktop's look may be told as that of the settings and as that of the palette.
+    if (settings == settings_ && colors == colors_)
+        return;
+    settings_ = settings;
+    colors_ = colors;
     emit didChange();
 }
 

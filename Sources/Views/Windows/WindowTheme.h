@@ -17,9 +17,9 @@ public:
     explicit WindowTheme(Appearance& appearance);
 
     const WindowColors& colors() const { return colors_; }
-    ColorScheme colorScheme() const { return appearance_.settings().colorScheme; }
+    ColorScheme colorScheme() const { return settings_.colorScheme; }
     /// Nothing is to move that does not have to.
-    bool reducesMotion() const { return appearance_.settings().reducesMotion; }
+    bool reducesMotion() const { return settings_.reducesMotion; }
 
 signals:
     /// After any of these has changed.
@@ -30,6 +30,7 @@ private:
     void update();
 
     Appearance& appearance_;
+    AppearanceSettings settings_;
     WindowColors colors_;
     Token observation_;
 };
