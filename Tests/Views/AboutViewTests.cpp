@@ -25,7 +25,12 @@ using testing::ElementsAre;
 
 class AboutViewTest : public testing::Test {
 protected:
-    void show() { desktop.state->showAboutWindow(); }
+    /// Shown and drawn for the first time, without a turn of the main loop.
+    void show()
+    {
+        desktop.state->showAboutWindow();
+        drawn(view());
+    }
     ChromelessWindow& window() const
     {
         return dynamic_cast<ChromelessWindow&>(windowOf(desktop.state->aboutController));
@@ -225,6 +230,24 @@ TEST_F(AboutViewTest, IsThereAtOnceWhereTheUserWantsLittleMotion)
 {
     desktop.appearance.change({ColorScheme::dark, std::nullopt, true});
     show();
+    EXPECT_EQ(view().entrance().state(), QAbstractAnimation::Stopped);
+    EXPECT_GT(mostOpaque(drawn(view()), view().rect()), 200);
+}
+
+TEST_F(AboutViewTest, EntersOnlyWhenItIsSeen)
+{
+    desktop.state->showAboutWindow();
+    EXPECT_EQ(view().entrance().state(), QAbstractAnimation::Stopped);
+    const QImage unseen = drawn(view());
+    EXPECT_EQ(mostOpaque(unseen, unseen.rect()), 0);
+    EXPECT_EQ(view().entrance().state(), QAbstractAnimation::Running);
+}
+
+TEST_F(AboutViewTest, IsThereAtOnceWhenTheUserWantsLittleMotionMeanwhile)
+{
+    show();
+    ASSERT_EQ(view().entrance().state(), QAbstractAnimation::Running);
+    desktop.appearance.change({ColorScheme::light, std::nullopt, true});
     EXPECT_EQ(view().entrance().state(), QAbstractAnimation::Stopped);
     EXPECT_GT(mostOpaque(drawn(view()), view().rect()), 200);
 }

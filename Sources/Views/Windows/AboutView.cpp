@@ -52,6 +52,12 @@ AboutView::AboutView(AppState& appState, WindowTheme& theme, const Actions& acti
     entrance_.add(shortcuts_, cardOffset);
     entrance_.add(footer, 0);
     new FocusRing(this, theme);
+    const auto skipUnwantedMotion = [this] {
+        if (theme_.reducesMotion())
+            entrance_.skip();
+    };
+    connect(&theme, &WindowTheme::didChange, this, skipUnwantedMotion);
+    skipUnwantedMotion();
     // The window is laid out before it appears.
     showState(appState);
 }
@@ -89,13 +95,15 @@ QWidget* AboutView::makeFooter(const Actions& actions)
 void AboutView::showEvent(QShowEvent* event)
 {
     StateView::showEvent(event);
-    if (std::exchange(hasEntered_, true))
-        return;
     // Else the first control would have the keyboard focus, and its ring, as soon as the window opens.
-    setFocus();
-    if (theme_.reducesMotion())
-        entrance_.skip();
-    else
+    if (!hasEntered_)
+        setFocus();
+}
+
+void AboutView::paintEvent(QPaintEvent*)
+{
+    // Shown is not yet seen: until the window is on screen the entrance waits.
+    if (!std::exchange(hasEntered_, true) && !theme_.reducesMotion())
         entrance_.start();
 }
 

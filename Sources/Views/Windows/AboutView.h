@@ -10,7 +10,7 @@ namespace tessel {
 class ShortcutCard;
 class WindowTheme;
 
-/// The content of the window with what this program is. It enters the first time that it appears.
+/// The content of the window with what this program is. It enters the first time that it is seen.
 class AboutView final : public StateView {
     Q_OBJECT
 
@@ -27,6 +27,7 @@ public:
 
 protected:
     void showEvent(QShowEvent* event) override;
+    void paintEvent(QPaintEvent* event) override;
 
 private:
     void showState(const AppState& state) override;
