@@ -10,6 +10,7 @@
 #include "Panel/ClipboardPanelView.h"
 #include "Panel/PanelArtwork.h"
 #include "ScreenSpace.h"
+#include "Support/NativeHandle.h"
 
 namespace tessel {
 
@@ -76,17 +77,12 @@ void ClipboardPanelController::configure(const PanelDescription& description, Cl
     PanelConfiguration configuration(*window_, view);
     for (const PanelConfigurationStep& step : description.configuration)
         std::visit(configuration, step);
-    nativeWindows_.preparePanel(handle(), configuration.traits());
+    nativeWindows_.preparePanel(handleOf(*window_), configuration.traits());
     window_->windowHandle()->installEventFilter(this);
     connect(window_->windowHandle(), &QWindow::screenChanged, this, [this] {
         if (window_->isVisible())
             backdrop_.fit();
     });
-}
-
-NativeWindowHandle ClipboardPanelController::handle() const
-{
-    return NativeWindowHandle{static_cast<std::uintptr_t>(window_->winId())};
 }
 
 void ClipboardPanelController::showWindow()
@@ -108,7 +104,7 @@ void ClipboardPanelController::makeKeyAndOrderFront()
 {
     if (!window_->isVisible())
         showWindow();
-    nativeWindows_.makeKeyAndOrderFront(handle());
+    nativeWindows_.makeKeyAndOrderFront(handleOf(*window_));
 }
 
 QRect ClipboardPanelController::geometry() const

@@ -43,7 +43,6 @@ public:
 private:
     void configure(const PanelDescription& description, ClipboardPanelView* view);
     bool eventFilter(QObject* object, QEvent* event) override;
-    NativeWindowHandle handle() const;
     QRect geometry() const;
     /// Size and place reach a visible window together, on the next turn, so that it does not flicker.
     void setGeometry(const QRect& geometry);

@@ -11,6 +11,7 @@
 #include "Panel/PanelStyle.h"
 #include "Support/Backdrop.h"
 #include "Support/ContinuousCorners.h"
+#include "Support/NativeHandle.h"
 #include "Support/RoundedRegion.h"
 
 namespace tessel {
@@ -31,11 +32,6 @@ PanelBackdrop::PanelBackdrop(ClipboardPanelWindow& window, NativeWindows& native
     : window_(window)
     , nativeWindows_(nativeWindows)
 {}
-
-NativeWindowHandle PanelBackdrop::handle() const
-{
-    return NativeWindowHandle{static_cast<std::uintptr_t>(window_.winId())};
-}
 
 QSize PanelBackdrop::pixelSize(const QSize& size) const
 {
@@ -82,7 +78,7 @@ void PanelBackdrop::takePictures()
         for (const PixelRectangle& rectangle : cornerRectangles(window_.size()))
             requests.push_back({rectangle});
     }
-    const auto pictures = nativeWindows_.picturesOfScreen(handle(), requests);
+    const auto pictures = nativeWindows_.picturesOfScreen(handleOf(window_), requests);
     const ScreenPicture& whole = pictures.front();
     window_.contentView()->setBackdrop(
         whole.pixels.empty()
@@ -115,7 +111,7 @@ void PanelBackdrop::windowWillChange(const QRect& geometry)
         rectangle.y += origin.y();
         requests.push_back({rectangle});
     }
-    const auto pictures = nativeWindows_.picturesOfScreen(handle(), requests);
+    const auto pictures = nativeWindows_.picturesOfScreen(handleOf(window_), requests);
     for (std::size_t corner = 0; corner < corners_.size(); ++corner) {
         if (stays.at(corner))
             continue;
@@ -158,8 +154,8 @@ void PanelBackdrop::fit()
     PixelRegion card;
     if (isBlurred_ || isCut)
         card = roundedRegion(size, panelStyle::card::cornerRadius * ratio(), leastCoverage());
-    nativeWindows_.blurBehind(handle(), isBlurred_ ? card : PixelRegion());
-    nativeWindows_.cutToShape(handle(), isCut ? card : PixelRegion());
+    nativeWindows_.blurBehind(handleOf(window_), isBlurred_ ? card : PixelRegion());
+    nativeWindows_.cutToShape(handleOf(window_), isCut ? card : PixelRegion());
 }
 
 } // namespace tessel

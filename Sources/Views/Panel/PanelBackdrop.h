@@ -34,7 +34,6 @@ private:
     int leastCoverage() const;
     void takePictures();
     void setCorner(std::size_t corner, const ScreenPicture& picture, QPoint cardOrigin);
-    NativeWindowHandle handle() const;
     double ratio() const { return window_.devicePixelRatioF(); }
     QSize pixelSize(const QSize& size) const;
     std::array<PixelRectangle, cardCornerCount> cornerRectangles(const QSize& size) const;

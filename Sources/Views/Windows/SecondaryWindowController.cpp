@@ -7,6 +7,7 @@
 
 #include "Panel/PanelGeometry.h"
 #include "ScreenSpace.h"
+#include "Support/NativeHandle.h"
 #include "Windows/WindowPlacement.h"
 
 namespace tessel {
@@ -25,7 +26,7 @@ void SecondaryWindowController::showWindow()
     if (window_->isMinimized())
         window_->showNormal();
     window_->show();
-    nativeWindows_.orderFront(NativeWindowHandle{static_cast<std::uintptr_t>(window_->winId())});
+    nativeWindows_.orderFront(handleOf(*window_));
 }
 
 void SecondaryWindowController::center()
