@@ -1,5 +1,7 @@
 // What the windows with the drifting background cost while they are open, and after.
 
+#include <array>
+
 #include "ProcessFigures.h"
 #include "SecondaryWindowTest.h"
 
@@ -19,6 +21,52 @@ protected:
         return std::chrono::duration<double>(used.processorTime) / std::chrono::duration<double>(span);
     }
 };
+
+/// A plain window over the whole screen, in front of all others.
+class Cover {
+public:
+    explicit Cover(Desktop& desktop)
+        : connection_(desktop.connection().get())
+        , window_(xcb_generate_id(connection_))
+    {
+        const auto [width, height] = desktop.screen();
+        const std::array<std::uint32_t, 2> blackWithoutFrame = {0, 1};
+        xcb_create_window(connection_, XCB_COPY_FROM_PARENT, window_, desktop.connection().root(), 0, 0,
+                          static_cast<std::uint16_t>(width), static_cast<std::uint16_t>(height), 0,
+                          XCB_WINDOW_CLASS_INPUT_OUTPUT, XCB_COPY_FROM_PARENT,
+                          XCB_CW_BACK_PIXEL | XCB_CW_OVERRIDE_REDIRECT, blackWithoutFrame.data());
+        xcb_map_window(connection_, window_);
+        xcb_flush(connection_);
+    }
+    ~Cover()
+    {
+        xcb_destroy_window(connection_, window_);
+        xcb_flush(connection_);
+    }
+    Cover(const Cover&) = delete;
+    Cover& operator=(const Cover&) = delete;
+
+private:
+    xcb_connection_t* connection_;
+    xcb_window_t window_;
+};
+
+TEST_F(WindowCostTest, TheyCostNothingWhileOthersCoverThem)
+{
+    openSettings();
+    letTheProgramTick();
+    const double seen = processorShare();
+    {
+        const Cover cover(desktop_);
+        letTheProgramTick();
+        const double covered = processorShare();
+        RecordProperty("PercentCovered", std::to_string(100 * covered));
+        EXPECT_LT(covered, seen / 3);
+        EXPECT_LT(covered, 0.005);
+    }
+    letTheProgramTick();
+    EXPECT_GT(processorShare(), seen / 3) << "it rests for ever";
+}
 
 TEST_F(WindowCostTest, TheyDriftForLittleAndCostNothingOnceClosed)
 {

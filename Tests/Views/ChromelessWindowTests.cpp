@@ -21,7 +21,8 @@ constexpr int rootTop = 10;
 /// A window with content of a known size.
 class ChromelessWindowTest : public testing::Test {
 protected:
-    ChromelessWindowTest()
+    explicit ChromelessWindowTest(bool blendsAtFirst = true)
+        : nativeWindows(blendsAtFirst)
     {
         appearance.change({ColorScheme::light, std::nullopt, true});
         content->setFixedSize(windowSize.width(), rootHeight);
@@ -43,6 +44,20 @@ protected:
         for (const PixelRectangle& part : nativeWindows.shape)
             region += QRect(part.x, part.y, part.width, part.height);
         return region;
+    }
+
+    /// To its root, of which nothing that is left is translucent.
+    void expectThatItIsCut()
+    {
+        const QRegion cut = shape();
+        EXPECT_EQ(cut.boundingRect(), window.background().geometry());
+        EXPECT_FALSE(cut.contains(QPoint(1, rootTop + 1)));
+        const QImage image = picture();
+        for (int y = 0; y < image.height(); ++y) {
+            for (int x = 0; x < image.width(); ++x)
+                ASSERT_TRUE(!cut.contains(QPoint(x, y)) || qAlpha(image.pixel(x, y)) == 255)
+                    << x << ", " << y;
+        }
     }
 
     void mouse(QEvent::Type type, QWidget& target, QPoint onScreen)
@@ -133,20 +148,39 @@ TEST_F(ChromelessWindowTest, LetsClicksThroughWhereItIsTransparent)
     }
 }
 
-TEST_F(ChromelessWindowTest, IsCutToItsRootWhereNothingBlends)
+/// Without a compositing manager when the window is made.
+class CutWindowTest : public ChromelessWindowTest {
+protected:
+    CutWindowTest()
+        : ChromelessWindowTest(false)
+    {}
+};
+
+TEST_F(CutWindowTest, IsCutToItsRootAndCannotBeTranslucent)
 {
-    nativeWindows.blends = false;
     show();
-    const QRegion cut = shape();
-    EXPECT_EQ(cut.boundingRect(), window.background().geometry());
-    EXPECT_FALSE(cut.contains(QPoint(1, rootTop + 1)));
-    const QImage image = picture();
-    for (int y = 0; y < image.height(); ++y) {
-        for (int x = 0; x < image.width(); ++x) {
-            const bool isCutOff = !cut.contains(QPoint(x, y));
-            ASSERT_TRUE(isCutOff || opacity(image, x, y) == 255) << x << ", " << y;
-        }
-    }
+    EXPECT_FALSE(window.testAttribute(Qt::WA_TranslucentBackground));
+    expectThatItIsCut();
+    // It stays as it is under a compositing manager that comes later.
+    nativeWindows.blends = true;
+    nativeWindows.tellBlending();
+    expectThatItIsCut();
+}
+
+TEST_F(ChromelessWindowTest, FollowsACompositingManagerThatEndsAndComesBack)
+{
+    show();
+    const QRegion before = shape();
+    const QImage look = picture();
+    nativeWindows.blends = false;
+    nativeWindows.tellBlending();
+    expectThatItIsCut();
+    nativeWindows.blends = true;
+    nativeWindows.tellBlending();
+    EXPECT_EQ(shape(), before);
+    EXPECT_EQ(picture(), look);
+    window.hide();
+    EXPECT_EQ(nativeWindows.tellBlending, nullptr);
 }
 
 TEST_F(ChromelessWindowTest, FollowsARootThatGrows)

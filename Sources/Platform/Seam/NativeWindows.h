@@ -38,6 +38,8 @@ public:
     virtual void orderFront(NativeWindowHandle window) = 0;
     /// True while a compositing manager blends translucent windows (`_NET_WM_CM_Sn`, EWMH).
     virtual bool blendsTranslucentWindows() const = 0;
+    /// Tells when that has changed.
+    virtual Token observeBlending(std::function<void()> didChange) = 0;
 
     /// Tells when a window that is being shown is wholly covered by others, and when it no longer is, as far
     /// as the system knows (`NSWindowOcclusionStateVisible`). Called before the window is shown, and again

@@ -5,6 +5,7 @@
 
 #include "NativeWindows.h"
 #include "Support/DevicePixels.h"
+#include "Support/NativeHandle.h"
 #include "Support/RoundedRegion.h"
 #include "Windows/AnimatedBackground.h"
 
@@ -16,7 +17,8 @@ ChromelessWindow::ChromelessWindow(const QString& title, QWidget* view, QSize si
     , nativeWindows_(nativeWindows)
     , background_(new AnimatedBackground(view, theme))
 {
-    setAttribute(Qt::WA_TranslucentBackground);
+    // Of a window that could be translucent the X server never says that others cover it.
+    setAttribute(Qt::WA_TranslucentBackground, nativeWindows.blendsTranslucentWindows());
     setWindowTitle(title);
     setFixedSize(size);
     auto* layout = new QVBoxLayout(this);
@@ -43,18 +45,26 @@ bool ChromelessWindow::eventFilter(QObject*, QEvent* event)
 
 void ChromelessWindow::showEvent(QShowEvent*)
 {
-    blending_ =
-        nativeWindows_.blendsTranslucentWindows() ? WindowBlending::translucent : WindowBlending::opaque;
-    background_->setWindowBlending(blending_);
+    blend();
+    blendingChange_ = nativeWindows_.observeBlending([this] { blend(); });
     background_->setCovered(false);
     occlusion_ = nativeWindows_.observeOcclusion(
-        handle(), [this](bool isCovered) { background_->setCovered(isCovered); });
-    cutToBackground();
+        handleOf(*this), [this](bool isCovered) { background_->setCovered(isCovered); });
 }
 
-NativeWindowHandle ChromelessWindow::handle() const
+void ChromelessWindow::hideEvent(QHideEvent*)
 {
-    return NativeWindowHandle{static_cast<std::uintptr_t>(winId())};
+    occlusion_.reset();
+    blendingChange_.reset();
+}
+
+void ChromelessWindow::blend()
+{
+    const bool canBlend = testAttribute(Qt::WA_TranslucentBackground);
+    blending_ = canBlend && nativeWindows_.blendsTranslucentWindows() ? WindowBlending::translucent
+                                                                      : WindowBlending::opaque;
+    background_->setWindowBlending(blending_);
+    cutToBackground();
 }
 
 void ChromelessWindow::cutToBackground()
@@ -71,7 +81,7 @@ void ChromelessWindow::cutToBackground()
         part.x += pixels.x();
         part.y += pixels.y();
     }
-    nativeWindows_.cutToShape(handle(), shape);
+    nativeWindows_.cutToShape(handleOf(*this), shape);
 }
 
 } // namespace tessel

@@ -29,13 +29,15 @@ protected:
     bool event(QEvent* event) override;
     bool eventFilter(QObject* object, QEvent* event) override;
     void showEvent(QShowEvent* event) override;
-    void hideEvent(QHideEvent*) override { occlusion_.reset(); }
+    void hideEvent(QHideEvent* event) override;
     void mousePressEvent(QMouseEvent* event) override { drag_.press(*event); }
     void mouseMoveEvent(QMouseEvent* event) override { drag_.move(*event); }
     void mouseReleaseEvent(QMouseEvent*) override { drag_.release(); }
 
 private:
-    NativeWindowHandle handle() const;
+    /// Looks as the window system blends now. A window that was made without a compositing manager cannot
+    /// become translucent, and stays cut.
+    void blend();
     /// Cuts the window to its background. Where it blends, the pixels that the corners cover in part stay.
     void cutToBackground();
 
@@ -44,6 +46,7 @@ private:
     WindowBlending blending_ = WindowBlending::translucent;
     WindowDrag drag_{*this};
     Token occlusion_;
+    Token blendingChange_;
 };
 
 } // namespace tessel

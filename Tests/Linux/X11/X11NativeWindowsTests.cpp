@@ -410,6 +410,9 @@ TEST_F(X11NativeWindowsManagedTests, theApplicationsActivationGivesTheFocusToThe
 TEST_F(X11NativeWindowsBareTests, aCompositingManagerIsNoticedAsItComesAndGoes)
 {
     EXPECT_FALSE(room.nativeWindows->blendsTranslucentWindows());
+    std::vector<bool> told;
+    const Token observation = room.nativeWindows->observeBlending(
+        [&] { told.push_back(room.nativeWindows->blendsTranslucentWindows()); });
     auto* raw = xcb_connect(nullptr, nullptr);
     const xcb_window_t window = xcb_generate_id(raw);
     const auto root = room.connection->root();
@@ -420,6 +423,7 @@ TEST_F(X11NativeWindowsBareTests, aCompositingManagerIsNoticedAsItComesAndGoes)
     EXPECT_TRUE(waitUntil([&] { return room.nativeWindows->blendsTranslucentWindows(); }));
     xcb_disconnect(raw);
     EXPECT_TRUE(waitUntil([&] { return !room.nativeWindows->blendsTranslucentWindows(); }));
+    EXPECT_EQ(told, (std::vector{true, false}));
 }
 
 TEST_F(X11NativeWindowsBareTests, aWindowIsToldThatOthersCoverIt)

@@ -10,7 +10,11 @@ namespace tessel::test {
 /// A window system that notes what it is asked for. It shows nothing behind windows unless a test paints it.
 class FakeNativeWindows final : public NativeWindows {
 public:
-    bool blends = true;
+    explicit FakeNativeWindows(bool blendsNow = true)
+        : blends(blendsNow)
+    {}
+
+    bool blends;
     bool blurs = false;
     /// The colour of the screen at a pixel from a window's corner, 0xFFRRGGBB. None: no picture can be taken.
     std::function<std::uint32_t(int x, int y)> screen;
@@ -40,6 +44,13 @@ public:
         return Token([this] { tellOcclusion = nullptr; });
     }
     bool blendsTranslucentWindows() const override { return blends; }
+    /// Whoever observes the blending now, at most one.
+    std::function<void()> tellBlending;
+    Token observeBlending(std::function<void()> didChange) override
+    {
+        tellBlending = std::move(didChange);
+        return Token([this] { tellBlending = nullptr; });
+    }
     bool blursBehindWindows() const override { return blurs; }
     void blurBehind(NativeWindowHandle, const PixelRegion& region) override { blurred = region; }
     void cutToShape(NativeWindowHandle, const PixelRegion& region) override { shape = region; }

@@ -53,13 +53,22 @@ void X11NativeWindows::followCompositingManager()
         if (eventKind(event) != connection_->extensions().fixesFirstEvent + XCB_XFIXES_SELECTION_NOTIFY)
             return;
         const auto& changed = eventAs<xcb_xfixes_selection_notify_event_t>(event);
-        if (changed.selection == selection)
-            compositingManager_ = changed.owner;
+        if (changed.selection != selection)
+            return;
+        const bool blendedBefore = blendsTranslucentWindows();
+        compositingManager_ = changed.owner;
+        if (blendsTranslucentWindows() != blendedBefore)
+            blendingObservers_.tell();
     });
     constexpr std::uint32_t everyChange = XCB_XFIXES_SELECTION_EVENT_MASK_SET_SELECTION_OWNER |
                                           XCB_XFIXES_SELECTION_EVENT_MASK_SELECTION_WINDOW_DESTROY |
                                           XCB_XFIXES_SELECTION_EVENT_MASK_SELECTION_CLIENT_CLOSE;
     xcb_xfixes_select_selection_input(connection_->raw(), connection_->root(), selection, everyChange);
+}
+
+Token X11NativeWindows::observeBlending(std::function<void()> didChange)
+{
+    return blendingObservers_.add(std::move(didChange));
 }
 
 void X11NativeWindows::followBlur()

@@ -12,6 +12,7 @@
 
 #include "NativeWindows.h"
 #include "Token.h"
+#include "X11/ObserverList.h"
 #include "X11/ScreenPictures.h"
 #include "X11/ToolkitWindows.h"
 #include "X11/UserTime.h"
@@ -30,13 +31,14 @@ public:
     /// May be called right after the window has been shown, before it is on screen.
     void makeKeyAndOrderFront(NativeWindowHandle window) override;
     void orderFront(NativeWindowHandle window) override;
-    /// By the server's VisibilityNotify events. Under a compositing manager, which puts the screen together
-    /// by itself, the server calls no window covered.
+    /// By the server's VisibilityNotify events. The server calls no window covered whose visual has opacity,
+    /// and none under a compositing manager, which puts the screen together by itself.
     Token observeOcclusion(NativeWindowHandle window, std::function<void(bool isCovered)> didChange) override;
     /// True from a request of the focus for a window that is not on screen yet until it is.
     bool isAboutToTakeFocus() const { return wantsFocus_ && toolkitWindows_->isShown(*wantsFocus_); }
     /// Known at any time without asking.
     bool blendsTranslucentWindows() const override { return compositingManager_ != noWindow; }
+    Token observeBlending(std::function<void()> didChange) override;
     /// Known at any time without asking.
     bool blursBehindWindows() const override { return blendsTranslucentWindows() && announcesBlur_; }
     void blurBehind(NativeWindowHandle window, const PixelRegion& region) override;
@@ -90,6 +92,7 @@ private:
     /// Who had the focus when a window of ours took it. Only where no window manager gives the focus back.
     std::map<xcb_window_t, xcb_window_t> focusBefore_;
     xcb_window_t compositingManager_ = noWindow;
+    ObserverList<> blendingObservers_;
     bool announcesBlur_ = false;
     ScreenPictures screenPictures_;
     Token showing_;
