@@ -1,3 +1,7 @@
+#include <functional>
+#include <memory>
+#include <utility>
+
 #include <gmock/gmock.h>
 
 #include "Fakes/FakeDesktop.h"
@@ -9,6 +13,46 @@ using testing::Contains;
 using testing::ElementsAre;
 using testing::IsEmpty;
 using testing::Not;
+
+/// A main loop that can run again what has been put off last.
+class RepeatingQueue final : public MainQueue {
+public:
+    explicit RepeatingQueue(std::shared_ptr<MainQueue> queue)
+        : queue_(std::move(queue))
+    {}
+
+    void async(std::function<void()> work) override { queue_->async(latest_ = std::move(work)); }
+    void asyncAfter(double seconds, std::function<void()> work) override
+    {
+        queue_->asyncAfter(seconds, std::move(work));
+    }
+    Token repeat(double seconds, std::function<void()> work) override
+    {
+        return queue_->repeat(seconds, std::move(work));
+    }
+    void runLatestAgain() { latest_(); }
+
+private:
+    std::shared_ptr<MainQueue> queue_;
+    std::function<void()> latest_;
+};
+
+/// Without trust, and the start-up's check can be made again.
+class OnboardingCheck : public testing::Test {
+protected:
+    void SetUp() override
+    {
+        desktop.trust->isTrusted = false;
+        Platform platform = desktop.platform();
+        platform.mainQueue = queue;
+        desktop.state = AppState::create(platform, desktop.windowFactory());
+        desktop.queue->runPending();
+        desktop.log->forget();
+    }
+
+    FakeDesktop desktop;
+    std::shared_ptr<RepeatingQueue> queue = std::make_shared<RepeatingQueue>(desktop.queue);
+};
 
 class StartUp : public testing::Test {
 protected:
@@ -54,6 +98,21 @@ TEST_F(StartUp, WithoutTrustOpensTheOnboardingWindowOnceAndActivates)
     desktop.log->forget();
     desktop.queue->advance(60);
     EXPECT_THAT(desktop.log->effects(), IsEmpty());
+}
+
+TEST_F(OnboardingCheck, BringsAWindowThatIsThereForwardWithoutActivating)
+{
+    queue->runLatestAgain();
+    EXPECT_THAT(desktop.log->effects(), ElementsAre("onboarding.showWindow"));
+}
+
+TEST_F(OnboardingCheck, MakesTheWindowAnewOnceItHasBeenClosed)
+{
+    closeAndDrop(desktop.state->onboardingController);
+    desktop.log->forget();
+    queue->runLatestAgain();
+    EXPECT_THAT(desktop.log->effects(), ElementsAre("onboarding.make", "onboarding.showWindow",
+                                                    "application.activate ignoring others"));
 }
 
 TEST_F(StartUp, WithTrustOpensNoWindow)

@@ -57,10 +57,8 @@ protected:
     {
         openSettings();
         openAbout();
-        desktop_.windows().move(settings().find().value().window, 20, 100);
-        settings().waitForFrame({20, 100, settingsSize.width, settingsSize.height});
-        desktop_.windows().move(about().find().value().window, 500, 100);
-        about().waitForFrame({500, 100, aboutSize.width, aboutSize.height});
+        settings().moveTo({20, 100});
+        about().moveTo({500, 100});
     }
     void waitUntilBothAre(const std::string& quality, bool (*hasQuality)(const std::array<double, 3>&))
     {

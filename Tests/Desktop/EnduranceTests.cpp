@@ -11,17 +11,12 @@
 #include "MachineSpeed.h"
 #include "ProcessFigures.h"
 #include "ProgramTest.h"
+#include "Sanitizers.h"
 #include "SelectionWatch.h"
 
 namespace tessel::desktop {
 
 namespace {
-
-#if defined(__SANITIZE_ADDRESS__)
-constexpr bool isSanitized = true;
-#else
-constexpr bool isSanitized = false;
-#endif
 
 /// A hold-up of the program's own making comes back every time, one of the machine's does not: so many rounds
 /// may be taken until one is without.

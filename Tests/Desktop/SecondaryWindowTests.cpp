@@ -35,13 +35,9 @@ protected:
     /// Moves it as a window manager does, waits until the program knows, and returns where it is then.
     Frame moveAside(const WindowFacts& facts)
     {
-        Frame aside = facts.frame;
-        aside.x += 130;
-        aside.y -= 70;
-        desktop_.windows().move(facts.window, aside.x, aside.y);
-        subject().waitForFrame(aside);
+        const auto moved = subject().moveTo({facts.frame.x + 130, facts.frame.y - 70});
         program_->waitUntilItHasRead();
-        return aside;
+        return moved.frame;
     }
     void waitUntilItHasTheFocus(TextClient& client)
     {

@@ -1,8 +1,11 @@
 // What the windows with the drifting background cost while they are open, and after.
 
+#include <algorithm>
 #include <array>
 
+#include "MachineSpeed.h"
 #include "ProcessFigures.h"
+#include "Sanitizers.h"
 #include "SecondaryWindowTest.h"
 
 namespace tessel::desktop {
@@ -11,14 +14,32 @@ namespace {
 
 class WindowCostTest : public SecondaryWindowTest {
 protected:
-    /// The share of one core that the program uses over some seconds.
+    /// The share of one core of the usual machine that the program uses: the least over several stretches,
+    /// since nothing makes it use less than it needs.
     double processorShare()
     {
-        constexpr auto span = 10s;
+        constexpr int stretches = 5;
+        double least = 1;
+        for (int stretch = 0; stretch < stretches; ++stretch)
+            least = std::min(least, shareOfOneStretch() / slowness());
+        return least;
+    }
+    /// A sanitizer multiplies what everything costs.
+    static void expectLessThan(double bound, double share)
+    {
+        if (!isSanitized) {
+            EXPECT_LT(share, bound);
+        }
+    }
+
+private:
+    double shareOfOneStretch()
+    {
+        const auto begin = std::chrono::steady_clock::now();
         const auto before = usage(program_->process().pid());
-        std::this_thread::sleep_for(span);
+        std::this_thread::sleep_for(4s);
         const auto used = usage(program_->process().pid()) - before;
-        return std::chrono::duration<double>(used.processorTime) / std::chrono::duration<double>(span);
+        return std::chrono::duration<double>(used.processorTime) / (std::chrono::steady_clock::now() - begin);
     }
 };
 
@@ -62,7 +83,7 @@ TEST_F(WindowCostTest, TheyCostNothingWhileOthersCoverThem)
         const double covered = processorShare();
         RecordProperty("PercentCovered", std::to_string(100 * covered));
         EXPECT_LT(covered, seen / 3);
-        EXPECT_LT(covered, 0.005);
+        expectLessThan(0.005, covered);
     }
     letTheProgramTick();
     EXPECT_GT(processorShare(), seen / 3) << "it rests for ever";
@@ -73,14 +94,13 @@ TEST_F(WindowCostTest, TheyDriftForLittleAndCostNothingOnceClosed)
     openSettings();
     openAbout();
     // Beside each other, so that neither is covered.
-    desktop_.windows().move(settings().find().value().window, 20, 20);
-    settings().waitForFrame({20, 20, settingsSize.width, settingsSize.height});
-    desktop_.windows().move(about().find().value().window, 500, 20);
-    about().waitForFrame({500, 20, aboutSize.width, aboutSize.height});
+    settings().moveTo({20, 20});
+    about().moveTo({500, 20});
+    program_->waitUntilItHasRead();
     letTheProgramTick();
     const double open = processorShare();
     RecordProperty("PercentOpen", std::to_string(100 * open));
-    EXPECT_LT(open, 0.09) << "three times what it may be, for the sake of slow machines";
+    expectLessThan(0.03, open);
     desktop_.keyboard().tap(XKB_KEY_Escape);
     desktop_.keyboard().tap(XKB_KEY_Escape);
     settings().waitUntilClosed();
@@ -88,7 +108,7 @@ TEST_F(WindowCostTest, TheyDriftForLittleAndCostNothingOnceClosed)
     letTheProgramTick();
     const double closed = processorShare();
     RecordProperty("PercentClosed", std::to_string(100 * closed));
-    EXPECT_LT(closed, 0.005);
+    expectLessThan(0.005, closed);
 }
 
 } // namespace

@@ -60,6 +60,13 @@ WindowFacts ProgramWindow::waitForFrame(const Frame& frame, Deadline deadline)
     return *window;
 }
 
+WindowFacts ProgramWindow::moveTo(Place place)
+{
+    const auto window = find().value();
+    desktop_.windows().move(window.window, place.x, place.y);
+    return waitForFrame({place.x, place.y, window.frame.width, window.frame.height});
+}
+
 void ProgramWindow::waitUntilClosed(Deadline deadline)
 {
     desktop_.connection().waitUntil(

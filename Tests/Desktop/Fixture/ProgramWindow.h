@@ -21,6 +21,8 @@ public:
     WindowFacts waitUntilOpen(Deadline deadline = Deadline());
     /// Waits until it is on the screen in that place, wherever the focus is.
     WindowFacts waitForFrame(const Frame& frame, Deadline deadline = Deadline());
+    /// Puts its top left corner there, as a user with a window manager does, and waits until it is there.
+    WindowFacts moveTo(Place place);
     void waitUntilClosed(Deadline deadline = Deadline());
     /// Asks it to close, as the button of a window manager does (ICCCM section 4.2.8.1, `WM_DELETE_WINDOW`).
     void askToClose();

@@ -20,6 +20,8 @@ namespace {
 
 const QByteArray plain = "[Desktop Entry]\nType=Application\nName=Tessel\nExec=tessel-clipboard\n";
 
+constexpr int patience = 60'000; // Milliseconds.
+
 /// Two directories of the system and the user's, on a desktop of two names.
 class AutostartLoginItemTest : public testing::Test {
 protected:
@@ -49,7 +51,6 @@ protected:
     }
     static bool appears(const QString& path)
     {
-        constexpr int patience = 60'000; // Milliseconds.
         QElapsedTimer elapsed;
         elapsed.start();
         while (!QFile::exists(path) && elapsed.elapsed() < patience)
@@ -97,7 +98,7 @@ TEST_F(AutostartLoginItemTest, WritesAnEntryThatTheStandardsOwnToolAccepts)
     ASSERT_TRUE(item().registerItem());
     QProcess tool;
     tool.start("desktop-file-validate", {entry("user")});
-    ASSERT_TRUE(tool.waitForFinished());
+    ASSERT_TRUE(tool.waitForFinished(patience));
     EXPECT_EQ(tool.exitCode(), 0) << tool.readAll().toStdString();
     EXPECT_EQ(tool.readAll(), "");
 }
@@ -113,7 +114,7 @@ TEST_F(AutostartLoginItemTest, StartsTheProgramWhateverItsPath)
     ASSERT_TRUE(item().registerItem());
     QProcess launcher;
     launcher.start("gio", {"launch", entry("user")});
-    ASSERT_TRUE(launcher.waitForFinished());
+    ASSERT_TRUE(launcher.waitForFinished(patience));
     EXPECT_EQ(launcher.exitCode(), 0) << launcher.readAllStandardError().toStdString();
     EXPECT_TRUE(appears(path("started"))); // The launcher does not wait for the program.
 }
@@ -248,9 +249,9 @@ TEST_F(AutostartLoginItemTest, AReadOnlyDirectoryIsARefusal)
     ASSERT_EQ(chmod(path("user").toUtf8().constData(), 0555), 0);
     const uid_t user = geteuid();
     constexpr uid_t nobody = 65534;
-    if (user == 0) {
-        ASSERT_EQ(seteuid(nobody), 0); // Nothing is read-only to root.
-    }
+    // Nothing is read-only to root, who may be confined to being root.
+    if (user == 0 && seteuid(nobody) != 0)
+        GTEST_SKIP() << "nothing is read-only to this user";
     const bool hasRegistered = item().registerItem();
     ASSERT_EQ(seteuid(user), 0);
     chmod(path("user").toUtf8().constData(), 0755);

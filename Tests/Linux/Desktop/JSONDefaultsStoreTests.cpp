@@ -2,10 +2,15 @@
 
 #include <gtest/gtest.h>
 
+#include <QtCore/QDeadlineTimer>
 #include <QtCore/QDir>
 #include <QtCore/QFile>
 #include <QtCore/QJsonDocument>
 #include <QtCore/QTemporaryDir>
+
+#include <atomic>
+#include <future>
+#include <thread>
 
 #include <sys/stat.h>
 
@@ -13,6 +18,8 @@
 
 namespace tessel {
 namespace {
+
+using namespace std::chrono_literals;
 
 class JSONDefaultsStoreTest : public testing::Test {
 protected:
@@ -36,7 +43,43 @@ protected:
 
     QStringList files() const { return QDir(directory_.filePath("tessel-clipboard")).entryList(QDir::Files); }
 
+    /// Waits until the file has that value.
+    void waitForStored(const char* key, const QJsonValue& value) const
+    {
+        waitUntil([&] { return stored().value(key) == value; });
+    }
+    template <class Condition>
+    static void waitUntil(const Condition& condition)
+    {
+        const QDeadlineTimer deadline(60s);
+        while (!condition()) {
+            ASSERT_FALSE(deadline.hasExpired());
+            std::this_thread::yield();
+        }
+    }
+
     QTemporaryDir directory_;
+};
+
+/// A disk that takes nothing until it is told to.
+class HangingDisk {
+public:
+    JSONDefaultsStore::WriteFile writeFile()
+    {
+        return [this](const QString& path, const QByteArray& content) {
+            ++attempts_;
+            released_.wait();
+            writeWholeFile(path, content);
+        };
+    }
+    /// How many writes have begun.
+    int attempts() const { return attempts_; }
+    void release() { release_.set_value(); }
+
+private:
+    std::promise<void> release_;
+    std::shared_future<void> released_ = release_.get_future().share();
+    std::atomic<int> attempts_ = 0;
 };
 
 TEST_F(JSONDefaultsStoreTest, AMissingFileHasNoValuesAndIsNotMadeByReading)
@@ -90,10 +133,13 @@ TEST_F(JSONDefaultsStoreTest, ADamagedFileIsKeptAsideAndDefaultsApply)
 
 TEST_F(JSONDefaultsStoreTest, AWriteKeepsWhatTheUserHasEditedMeanwhile)
 {
-    JSONDefaultsStore store(path());
-    store.setString("policy", "never");
-    write(R"({"policy": "oneDay", "note": "mine"})");
-    store.setDouble("opacity", 0.5);
+    {
+        JSONDefaultsStore store(path());
+        store.setString("policy", "never");
+        waitForStored("policy", "never");
+        write(R"({"policy": "oneDay", "note": "mine"})");
+        store.setDouble("opacity", 0.5);
+    }
     EXPECT_EQ(stored().value("policy").toString(), "oneDay");
     EXPECT_EQ(stored().value("note").toString(), "mine");
     EXPECT_EQ(stored().value("opacity").toDouble(), 0.5);
@@ -112,9 +158,11 @@ TEST_F(JSONDefaultsStoreTest, AStoreThatCannotWriteKeepsItsValues)
 TEST_F(JSONDefaultsStoreTest, ADirectoryInTheFilesPlaceIsLeftAlone)
 {
     QDir().mkpath(path());
-    JSONDefaultsStore store(path());
-    store.setString("policy", "oneDay");
-    EXPECT_EQ(store.string("policy"), "oneDay");
+    {
+        JSONDefaultsStore store(path());
+        store.setString("policy", "oneDay");
+        EXPECT_EQ(store.string("policy"), "oneDay");
+    }
     EXPECT_TRUE(QDir(path()).exists());
 }
 
@@ -122,9 +170,11 @@ TEST_F(JSONDefaultsStoreTest, WhatIsNoFileIsLeftAlone)
 {
     QDir().mkpath(directory_.filePath("tessel-clipboard"));
     ASSERT_EQ(mkfifo(path().toUtf8().constData(), 0600), 0);
-    JSONDefaultsStore store(path());
-    store.setDouble("number", 1);
-    EXPECT_EQ(store.number("number"), 1.0);
+    {
+        JSONDefaultsStore store(path());
+        store.setDouble("number", 1);
+        EXPECT_EQ(store.number("number"), 1.0);
+    }
     struct stat now = {};
     ASSERT_EQ(stat(path().toUtf8().constData(), &now), 0);
     EXPECT_TRUE(S_ISFIFO(now.st_mode));
@@ -132,16 +182,47 @@ TEST_F(JSONDefaultsStoreTest, WhatIsNoFileIsLeftAlone)
 
 TEST_F(JSONDefaultsStoreTest, AFullDiskLosesNothing)
 {
-    JSONDefaultsStore store(path());
-    store.setDouble("number", 1);
+    write(R"({"number": 1})");
     const QByteArray before = read("settings.json");
     {
         const FullDisk disk(5);
+        JSONDefaultsStore store(path());
         store.setDouble("number", 2);
+        EXPECT_EQ(store.number("number"), 2.0);
     }
     EXPECT_EQ(read("settings.json"), before);
     EXPECT_EQ(files(), QStringList{"settings.json"});
-    EXPECT_EQ(store.number("number"), 2.0);
+}
+
+TEST_F(JSONDefaultsStoreTest, ADiskThatHangsHoldsUpNothingButTheEnd)
+{
+    HangingDisk disk;
+    {
+        JSONDefaultsStore store(path(), disk.writeFile());
+        store.setString("policy", "oneDay");
+        waitUntil([&] { return disk.attempts() == 1; });
+        for (int step = 0; step <= 100; ++step)
+            store.setDouble("opacity", step / 100.0);
+        store.setString("policy", "never");
+        EXPECT_EQ(store.number("opacity"), 1.0);
+        EXPECT_EQ(store.string("policy"), "never");
+        EXPECT_FALSE(QFile::exists(path()));
+        disk.release();
+    }
+    EXPECT_EQ(stored(), (QJsonObject{{"opacity", 1.0}, {"policy", "never"}}));
+    EXPECT_EQ(disk.attempts(), 2);
+}
+
+TEST_F(JSONDefaultsStoreTest, NoThreadStaysBehindAWrite)
+{
+    const auto threads = [] { return QDir("/proc/self/task").entryList(QDir::Dirs).size(); };
+    const auto before = threads();
+    JSONDefaultsStore store(path());
+    store.setDouble("number", 1);
+    waitForStored("number", 1);
+    waitUntil([&] { return threads() <= before; });
+    store.setDouble("number", 2);
+    waitForStored("number", 2);
 }
 
 } // namespace

@@ -7,8 +7,6 @@
 
 #include <utility>
 
-#include "Desktop/WholeFile.h"
-
 namespace tessel {
 
 namespace {
@@ -56,6 +54,14 @@ QJsonObject readValues(const QString& path)
     return {};
 }
 
+/// The file's content with the changes in it.
+QByteArray merged(QJsonObject values, const QJsonObject& changes)
+{
+    for (auto change = changes.begin(); change != changes.end(); ++change)
+        values.insert(change.key(), change.value());
+    return QJsonDocument(values).toJson(QJsonDocument::Indented);
+}
+
 } // namespace
 
 QString JSONDefaultsStore::standardPath()
@@ -64,9 +70,11 @@ QString JSONDefaultsStore::standardPath()
            QStringLiteral("/tessel-clipboard/settings.json");
 }
 
-JSONDefaultsStore::JSONDefaultsStore(QString path)
-    : path_(std::move(path))
-    , values_(readValues(path_))
+JSONDefaultsStore::JSONDefaultsStore(const QString& path, WriteFile writeFile)
+    : values_(readValues(path))
+    , writer_([path, writeFile = std::move(writeFile)](const QJsonObject& changes) {
+        writeFile(path, merged(readValues(path), changes));
+    })
 {}
 
 QJsonValue JSONDefaultsStore::value(std::string_view key) const
@@ -99,10 +107,7 @@ void JSONDefaultsStore::setDouble(std::string_view key, double value)
 void JSONDefaultsStore::set(std::string_view key, const QJsonValue& value)
 {
     values_.insert(keyText(key), value);
-
-    QJsonObject merged = readValues(path_);
-    merged.insert(keyText(key), value);
-    writeWholeFile(path_, QJsonDocument(merged).toJson(QJsonDocument::Indented));
+    writer_.set(keyText(key), value);
 }
 
 } // namespace tessel
