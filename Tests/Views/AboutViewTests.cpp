@@ -156,6 +156,16 @@ TEST_F(AboutViewTest, IsWalkedThroughByTab)
     EXPECT_EQ(desktop.state->aboutController, nullptr);
 }
 
+TEST_F(AboutViewTest, IsClosedByReturnOnItsButton)
+{
+    for (const Qt::Key key : {Qt::Key_Return, Qt::Key_Enter}) {
+        show();
+        QTest::keyClick(&button(window(), "Close"), key);
+        EXPECT_EQ(desktop.state->aboutController, nullptr) << key;
+        runMainLoop();
+    }
+}
+
 TEST_F(AboutViewTest, LeavesEscapeToTheMonitorOfTheApplication)
 {
     show();

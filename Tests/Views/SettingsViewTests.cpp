@@ -390,6 +390,27 @@ TEST_F(SettingsContent, CloseClosesTheWindow)
     EXPECT_EQ(state().settingsController, nullptr);
 }
 
+TEST_F(SettingsContent, KeysPressClose)
+{
+    for (const Qt::Key key : {Qt::Key_Space, Qt::Key_Return, Qt::Key_Enter}) {
+        open();
+        QTest::keyClick(&the<CloseButton>(), key);
+        EXPECT_EQ(state().settingsController, nullptr) << key;
+        runMainLoop();
+    }
+}
+
+TEST_F(SettingsContent, AHeldReturnPressesAButtonOnce)
+{
+    open();
+    button("Reset").setFocus();
+    press(Qt::Key_Return);
+    state().panelTintOpacity = 0.5;
+    QKeyEvent repeated(QEvent::KeyPress, Qt::Key_Return, Qt::NoModifier, {}, true);
+    QApplication::sendEvent(&button("Reset"), &repeated);
+    EXPECT_EQ(*state().panelTintOpacity, 0.5);
+}
+
 TEST_F(SettingsContent, TabGoesThroughAllControlsInReadingOrder)
 {
     open();

@@ -1,7 +1,6 @@
 #include "Windows/LinkButton.h"
 
 #include <QtGui/QFontMetricsF>
-#include <QtGui/QKeyEvent>
 #include <QtGui/QPainter>
 #include <QtWidgets/QStyle>
 
@@ -9,6 +8,7 @@
 #include <utility>
 
 #include "Accessibility/AccessibleLink.h"
+#include "Windows/Controls/ReturnKey.h"
 #include "Windows/WindowTheme.h"
 
 namespace tessel {
@@ -40,10 +40,7 @@ LinkButton::LinkButton(const QString& text, const WindowTheme& theme, std::funct
 
 void LinkButton::keyPressEvent(QKeyEvent* event)
 {
-    const bool isReturn = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
-    if (isReturn && !event->isAutoRepeat())
-        click();
-    else
+    if (!pressWithReturn(*this, *event))
         QAbstractButton::keyPressEvent(event);
 }
 
