@@ -135,6 +135,8 @@ TEST_F(AboutViewTest, TellsAssistiveProgramsOfALinkAndAButton)
     EXPECT_EQ(accessibleLink->role(), QAccessible::Link);
     EXPECT_EQ(accessibleLink->text(QAccessible::Name).toStdString(), website::hostName);
     EXPECT_TRUE(accessibleLink->state().focusable);
+    EXPECT_FALSE(accessibleLink->state().checkable);
+    EXPECT_EQ(QAccessible::queryAccessibleInterface(&window())->role(), QAccessible::Window);
     accessibleLink->actionInterface()->doAction(QAccessibleActionInterface::pressAction());
     EXPECT_EQ(desktop.workspace->openedURLs().size(), 1U);
 

@@ -7,7 +7,6 @@
 #include <cmath>
 #include <utility>
 
-#include "Accessibility/AccessibleLink.h"
 #include "Windows/Controls/ReturnKey.h"
 #include "Windows/WindowTheme.h"
 
@@ -26,7 +25,6 @@ LinkButton::LinkButton(const QString& text, const WindowTheme& theme, std::funct
     : theme_(theme)
     , style_({textStyle::captionSize})
 {
-    installLinkAccessibility();
     setFont(style_.font);
     setText(text);
     setFocusPolicy(Qt::TabFocus);
