@@ -236,7 +236,7 @@
     </message>
     <message>
         <source>Panel transparency</source>
-        <translation>Transparenz des Fensters</translation>
+        <translation>Transparenz des Panels</translation>
     </message>
     <message>
         <source>Lower value = more transparent, higher value = darker panel.</source>

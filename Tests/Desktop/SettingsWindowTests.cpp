@@ -148,7 +148,7 @@ TEST_F(SettingsWindowTest, ThirtySecondsRemoveOlderEntriesAtOnceUnderAnOpenPanel
     desktop_.connection().waitUntil("the entries to be older than half a minute",
                                     [&] { return std::chrono::steady_clock::now() - copied > 31s; });
     waitForLabel("3 items");
-    click("check box", "30s");
+    click("radio button", "30s");
     waitForLabel("30s");
     waitForLabel("0 items");
     EXPECT_TRUE(program_->panel().isOpen());
@@ -171,17 +171,17 @@ TEST_F(SettingsWindowTest, LaunchAtLoginWritesAndRemovesTheEntryOfTheDesktop)
 TEST_F(SettingsWindowTest, ChoosesHowLongEntriesAreKept)
 {
     openSettings();
-    click("check box", "5m");
+    click("radio button", "5m");
     waitForSetting("quickClearCustomSeconds", "300");
     waitForSetting("quickClearPolicy", "\"custom\"");
-    click("check box", "24h");
+    click("radio button", "24h");
     waitForLabel("24h");
     waitForSetting("quickClearPolicy", "\"oneDay\"");
     EXPECT_THAT(settingsFile(), HasSubstr("\"tesselclipboard.quickClearCustomSeconds\": 300"));
-    click("check box", "1h");
+    click("radio button", "1h");
     waitForSetting("quickClearCustomSeconds", "3600");
     waitForSetting("quickClearPolicy", "\"custom\"");
-    click("check box", "Infinity");
+    click("radio button", "Infinity");
     waitForLabel("Infinity");
     waitForSetting("quickClearPolicy", "\"never\"");
 }

@@ -143,6 +143,8 @@ TEST_F(AboutViewTest, TellsAssistiveProgramsOfALinkAndAButton)
     EXPECT_EQ(accessibleLink->role(), QAccessible::Link);
     EXPECT_EQ(accessibleLink->text(QAccessible::Name).toStdString(), website::hostName);
     EXPECT_TRUE(accessibleLink->state().focusable);
+    EXPECT_FALSE(accessibleLink->state().checkable);
+    EXPECT_EQ(QAccessible::queryAccessibleInterface(&window())->role(), QAccessible::Window);
     accessibleLink->actionInterface()->doAction(QAccessibleActionInterface::pressAction());
     EXPECT_EQ(desktop.workspace->openedURLs().size(), 1U);
 
@@ -162,6 +164,16 @@ TEST_F(AboutViewTest, IsWalkedThroughByTab)
     EXPECT_EQ(window().focusWidget(), &button(window(), "Close"));
     QTest::keyClick(window().focusWidget(), Qt::Key_Space);
     EXPECT_EQ(desktop.state->aboutController, nullptr);
+}
+
+TEST_F(AboutViewTest, IsClosedByReturnOnItsButton)
+{
+    for (const Qt::Key key : {Qt::Key_Return, Qt::Key_Enter}) {
+        show();
+        QTest::keyClick(&button(window(), "Close"), key);
+        EXPECT_EQ(desktop.state->aboutController, nullptr) << key;
+        runMainLoop();
+    }
 }
 
 TEST_F(AboutViewTest, LeavesEscapeToTheMonitorOfTheApplication)

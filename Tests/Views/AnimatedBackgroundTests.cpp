@@ -35,14 +35,14 @@ constexpr std::array designedCircles = {
 struct Scheme {
     ColorScheme scheme;
     std::array<double, 2> opacities;
+    QColor purple;
 };
-constexpr Scheme darkScheme = {ColorScheme::dark, {0.16, 0.11}};
-constexpr Scheme lightScheme = {ColorScheme::light, {0.12, 0.09}};
+const Scheme darkScheme = {ColorScheme::dark, {0.16, 0.11}, {191, 90, 242}};
+const Scheme lightScheme = {ColorScheme::light, {0.12, 0.09}, {175, 82, 222}};
 
 /// Told apart from purple by its green.
 constexpr SystemColor accent = {0.0, 1.0, 0.0};
 const QColor accentColor(0, 255, 0);
-const QColor purple(175, 82, 222);
 
 /// How much of a circle there is in each pixel of the root, one to a point.
 Plane designedCoverage(const DesignedCircle& circle, double phase)
@@ -130,10 +130,10 @@ protected:
                 const std::array<int, 2> seen = {qRed(pixel), qGreen(pixel)};
                 for (std::size_t channel = 0; channel < seen.size(); ++channel) {
                     const auto designed = [&](int right, int below) {
-                        return channel == 0 ? level(ground.red(), accentColor.red(), purple.red(),
+                        return channel == 0 ? level(ground.red(), accentColor.red(), scheme.purple.red(),
                                                     {x + right, y + below})
-                                            : level(ground.green(), accentColor.green(), purple.green(),
-                                                    {x + right, y + below});
+                                            : level(ground.green(), accentColor.green(),
+                                                    scheme.purple.green(), {x + right, y + below});
                     };
                     constexpr double levels = 2.6; // Two dithers, and the roundings of two mixtures.
                     const double difference = seen[channel] - designed(0, 0);
@@ -271,6 +271,16 @@ TEST_F(AnimatedBackgroundTest, FollowsTheThemeAtOnce)
     choose(lightScheme, true);
     runMainLoop();
     EXPECT_TRUE(waitUntil([&] { return paints.count() == 1; }));
+}
+
+TEST(WindowColors, HaveThePurpleOfTheirScheme)
+{
+    for (const Scheme& scheme : {darkScheme, lightScheme}) {
+        QColor purple = windowColors({scheme.scheme, std::nullopt, false}, {}).secondCircle;
+        EXPECT_NEAR(purple.alphaF(), scheme.opacities[1], 0.001);
+        purple.setAlpha(255);
+        EXPECT_EQ(purple, scheme.purple);
+    }
 }
 
 } // namespace tessel::test

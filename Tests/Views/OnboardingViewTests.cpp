@@ -2,6 +2,7 @@
 #include <gtest/gtest.h>
 
 #include <QtCore/QPointer>
+#include <QtGui/QAccessible>
 #include <QtGui/QImage>
 #include <QtTest/QTest>
 #include <QtWidgets/QLabel>
@@ -44,6 +45,7 @@ TEST_F(OnboardingViewTest, IsOneWindowInFrontWithoutThePermission)
     startUntrusted();
     EXPECT_TRUE(window().isVisible());
     EXPECT_EQ(window().windowTitle(), QStringLiteral("Setup Required"));
+    EXPECT_EQ(QAccessible::queryAccessibleInterface(&window())->role(), QAccessible::Window);
     EXPECT_THAT(desktop.nativeWindows.orderedFront,
                 ElementsAre(NativeWindowHandle{static_cast<std::uintptr_t>(window().winId())}));
     EXPECT_EQ(window().size(), QSize(430, 250));

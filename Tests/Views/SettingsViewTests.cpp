@@ -3,6 +3,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <string>
 #include <vector>
 
@@ -237,19 +238,34 @@ TEST_F(SettingsContent, AStoredTintOutsideTheRangeStaysUntilTheSliderMoves)
     EXPECT_THAT(texts(), Contains("95%"));
     the<Slider>().setFocus();
     press(Qt::Key_Left);
-    EXPECT_EQ(*state().panelTintOpacity, 0.69);
+    EXPECT_DOUBLE_EQ(*state().panelTintOpacity, 0.69);
 }
 
-TEST_F(SettingsContent, TheSliderWritesWholeHundredths)
+TEST_F(SettingsContent, TheSliderWritesWholeHundredthsWhichTheHeaderAndAssistiveProgramsSay)
 {
     open();
     the<Slider>().setFocus();
+    auto* value = QAccessible::queryAccessibleInterface(&the<Slider>())->valueInterface();
     press(Qt::Key_Home);
     for (int hundredth = 10; hundredth <= 70; ++hundredth) {
-        EXPECT_EQ(*state().panelTintOpacity, std::stod("0." + std::to_string(hundredth)));
+        EXPECT_DOUBLE_EQ(*state().panelTintOpacity, hundredth / 100.0);
+        EXPECT_THAT(texts(), Contains(std::to_string(hundredth) + "%"));
+        EXPECT_EQ(value->currentValue(), hundredth);
         press(Qt::Key_Right);
     }
     EXPECT_EQ(*state().panelTintOpacity, 0.7);
+}
+
+TEST_F(SettingsContent, TheSliderStandsWhereTheHeaderSays)
+{
+    open();
+    for (const auto& [opacity, percent] : {std::pair(0.699, 69), {0.29, 28}, {0.58, 57}, {0.1, 10}}) {
+        state().panelTintOpacity = opacity;
+        runMainLoop();
+        EXPECT_THAT(texts(), Contains(std::to_string(percent) + "%"));
+        EXPECT_EQ(the<Slider>().value(), percent);
+        EXPECT_EQ(*state().panelTintOpacity, opacity);
+    }
 }
 
 TEST_F(SettingsContent, TheKnobIsDraggedAndComesWhereThePointerPresses)
@@ -279,7 +295,7 @@ TEST_F(SettingsContent, FromRightToLeftTheSliderIsMirrored)
     EXPECT_EQ(*state().panelTintOpacity, 0.7);
     slider.setFocus();
     press(Qt::Key_Right);
-    EXPECT_EQ(*state().panelTintOpacity, 0.69);
+    EXPECT_DOUBLE_EQ(*state().panelTintOpacity, 0.69);
 }
 
 TEST_F(SettingsContent, TheWheelIsNotForTheControls)
@@ -354,6 +370,56 @@ TEST_F(SettingsContent, TheToolTipNamesTheKeysOfAPC)
     open();
     EXPECT_TRUE(the<PopUpButton>().toolTip().contains("Super"));
     EXPECT_TRUE(the<PopUpButton>().toolTip().contains("Alt"));
+    const auto* node = QAccessible::queryAccessibleInterface(&the<PopUpButton>());
+    EXPECT_EQ(node->text(QAccessible::Description), the<PopUpButton>().toolTip());
+}
+
+TEST_F(SettingsContent, TheToolTipIsNarrowerThanTheWindowAndAsDarkAsIt)
+{
+    for (const ColorScheme scheme : {ColorScheme::light, ColorScheme::dark}) {
+        desktop_.appearance.change({scheme, std::nullopt, false});
+        open();
+        PopUpButton& picker = the<PopUpButton>();
+        const QPoint place = picker.rect().center();
+        QHelpEvent hover(QEvent::ToolTip, place, picker.mapToGlobal(place));
+        QApplication::sendEvent(&picker, &hover);
+        const auto windows = QApplication::topLevelWidgets();
+        const auto isToolTip = [](const QWidget* widget) {
+            return widget->inherits("QTipLabel") && widget->isVisible();
+        };
+        const auto tip = std::find_if(windows.begin(), windows.end(), isToolTip);
+        ASSERT_NE(tip, windows.end());
+        EXPECT_LT((*tip)->width(), window().width() * 3 / 4);
+        EXPECT_GT((*tip)->height(), 2 * QFontMetrics((*tip)->font()).height());
+        const bool isDark = scheme == ColorScheme::dark;
+        EXPECT_EQ((*tip)->palette().color(QPalette::ToolTipBase).lightness() < 128, isDark);
+        EXPECT_EQ((*tip)->palette().color(QPalette::ToolTipText).lightness() > 128, isDark);
+        delete *tip;
+        QTest::mouseClick(&the<CloseButton>(), Qt::LeftButton);
+        runMainLoop();
+    }
+}
+
+TEST_F(SettingsContent, TheMenuCanBeOpenedAgainAsSoonAsItIsClosed)
+{
+    open();
+    PopUpButton& picker = the<PopUpButton>();
+    picker.showPopup();
+    picker.hidePopup();
+    EXPECT_EQ(picker.openMenu(), nullptr);
+    picker.showPopup();
+    ASSERT_NE(picker.openMenu(), nullptr);
+    EXPECT_TRUE(picker.openMenu()->isVisible());
+}
+
+TEST_F(SettingsContent, AMenuInTheOldColorsIsClosed)
+{
+    open();
+    the<PopUpButton>().showPopup();
+    desktop_.appearance.change({ColorScheme::dark, std::nullopt, false});
+    EXPECT_EQ(the<PopUpButton>().openMenu(), nullptr);
+    the<PopUpButton>().showPopup();
+    EXPECT_GT(the<PopUpButton>().openMenu()->palette().color(QPalette::Text).lightness(), 128);
 }
 
 TEST_F(SettingsContent, EscapeClosesOnlyAnOpenMenu)
@@ -388,6 +454,27 @@ TEST_F(SettingsContent, CloseClosesTheWindow)
     open();
     QTest::mouseClick(&the<CloseButton>(), Qt::LeftButton);
     EXPECT_EQ(state().settingsController, nullptr);
+}
+
+TEST_F(SettingsContent, KeysPressClose)
+{
+    for (const Qt::Key key : {Qt::Key_Space, Qt::Key_Return, Qt::Key_Enter}) {
+        open();
+        QTest::keyClick(&the<CloseButton>(), key);
+        EXPECT_EQ(state().settingsController, nullptr) << key;
+        runMainLoop();
+    }
+}
+
+TEST_F(SettingsContent, AHeldReturnPressesAButtonOnce)
+{
+    open();
+    button("Reset").setFocus();
+    press(Qt::Key_Return);
+    state().panelTintOpacity = 0.5;
+    QKeyEvent repeated(QEvent::KeyPress, Qt::Key_Return, Qt::NoModifier, {}, true);
+    QApplication::sendEvent(&button("Reset"), &repeated);
+    EXPECT_EQ(*state().panelTintOpacity, 0.5);
 }
 
 TEST_F(SettingsContent, TabGoesThroughAllControlsInReadingOrder)
@@ -572,6 +659,11 @@ TEST_F(SettingsContent, AssistiveProgramsReadTheControls)
     EXPECT_EQ(node(the<PopUpButton>())->role(), QAccessible::ComboBox);
     EXPECT_EQ(nameOf(the<PopUpButton>()), "Keyboard shortcut");
     EXPECT_EQ(text(the<PopUpButton>(), QAccessible::Value), "Cmd + Shift + V");
+    EXPECT_EQ(node(window())->role(), QAccessible::Window);
+    EXPECT_EQ(text(window(), QAccessible::Name), "Settings");
+    EXPECT_EQ(node(button("Infinity"))->role(), QAccessible::RadioButton);
+    EXPECT_EQ(text(button("Infinity"), QAccessible::Name), "Infinity");
+    EXPECT_TRUE(node(button("Infinity"))->state().checkable);
     EXPECT_TRUE(node(button("Infinity"))->state().checked);
     EXPECT_FALSE(node(button("30s"))->state().checked);
     EXPECT_EQ(text(the<PresetRow>(), QAccessible::Name), "Quick clear policy");

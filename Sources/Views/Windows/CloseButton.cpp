@@ -7,6 +7,7 @@
 #include <utility>
 
 #include "Support/DevicePixels.h"
+#include "Windows/Controls/ReturnKey.h"
 #include "Windows/WindowTheme.h"
 
 namespace tessel {
@@ -39,6 +40,12 @@ CloseButton::CloseButton(const WindowTheme& theme, std::function<void()> close, 
 FocusOutline CloseButton::focusOutline() const
 {
     return {rect(), cornerRadius};
+}
+
+void CloseButton::keyPressEvent(QKeyEvent* event)
+{
+    if (!pressWithReturn(*this, *event))
+        QAbstractButton::keyPressEvent(event);
 }
 
 void CloseButton::paintEvent(QPaintEvent*)

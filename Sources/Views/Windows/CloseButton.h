@@ -11,7 +11,8 @@ namespace tessel {
 
 class WindowTheme;
 
-/// The filled button that closes a window. It has no shortcut of its own.
+/// The filled button that closes a window. Space and Return press it; it has no shortcut of
+/// its own.
 class CloseButton final : public QAbstractButton, public HasFocusOutline {
     Q_OBJECT
 
@@ -24,6 +25,7 @@ public:
 
 protected:
     void paintEvent(QPaintEvent* event) override;
+    void keyPressEvent(QKeyEvent* event) override;
 
 private:
     const WindowTheme& theme_;

@@ -1,14 +1,13 @@
 #include "Windows/LinkButton.h"
 
 #include <QtGui/QFontMetricsF>
-#include <QtGui/QKeyEvent>
 #include <QtGui/QPainter>
 #include <QtWidgets/QStyle>
 
 #include <cmath>
 #include <utility>
 
-#include "Accessibility/AccessibleLink.h"
+#include "Windows/Controls/ReturnKey.h"
 #include "Windows/WindowTheme.h"
 
 namespace tessel {
@@ -26,7 +25,6 @@ LinkButton::LinkButton(const QString& text, const WindowTheme& theme, std::funct
     : theme_(theme)
     , style_({textStyle::captionSize})
 {
-    installLinkAccessibility();
     setFont(style_.font);
     setText(text);
     setFocusPolicy(Qt::TabFocus);
@@ -40,10 +38,7 @@ LinkButton::LinkButton(const QString& text, const WindowTheme& theme, std::funct
 
 void LinkButton::keyPressEvent(QKeyEvent* event)
 {
-    const bool isReturn = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
-    if (isReturn && !event->isAutoRepeat())
-        click();
-    else
+    if (!pressWithReturn(*this, *event))
         QAbstractButton::keyPressEvent(event);
 }
 

@@ -46,8 +46,6 @@ void PresetRow::addChoice(const QString& title, const std::function<void()>& cho
         new PushButton(title, PushButton::Look::bordered, theme_, nullptr, PushButton::ControlSize::small);
     button->setCheckable(true);
     connect(button, &QAbstractButton::clicked, this, choose);
-    // So do assistive programs choose, which do not click.
-    connect(button, &QAbstractButton::toggled, this, choose);
     row_->insertWidget(static_cast<int>(buttons_.size()), button);
     buttons_.push_back(button);
 }

@@ -12,8 +12,8 @@ namespace tessel {
 class PushButton;
 class WindowTheme;
 
-/// A row of small buttons, one for each choice. It scrolls sideways without indicators; the arrow keys go
-/// from button to button.
+/// A row of small buttons, one for each choice; to assistive programs they are radio buttons. It scrolls
+/// sideways without indicators; the arrow keys go from button to button.
 class PresetRow final : public ContentScrollArea {
     Q_OBJECT
 

@@ -2,6 +2,7 @@
 
 #include <QtCore/QCoreApplication>
 
+#include "Accessibility/WindowAccessibility.h"
 #include "AppState.h"
 #include "Windows/AboutView.h"
 #include "Windows/AccessibilityOnboardingView.h"
@@ -40,6 +41,7 @@ std::unique_ptr<WindowController> controllerOf(QWidget* window, const SecondaryW
 
 SecondaryWindowFactory settingsFactory(const SecondaryWindowNeeds& needs)
 {
+    installWindowAccessibility();
     return [needs](AppState& appState) {
         auto* view =
             new SettingsView(appState, needs.theme, closing(appState, &AppState::settingsController));
@@ -51,6 +53,7 @@ SecondaryWindowFactory settingsFactory(const SecondaryWindowNeeds& needs)
 
 SecondaryWindowFactory aboutFactory(const SecondaryWindowNeeds& needs)
 {
+    installWindowAccessibility();
     return [needs](AppState& appState) {
         auto* view = new AboutView(
             appState, needs.theme,
@@ -65,6 +68,7 @@ SecondaryWindowFactory aboutFactory(const SecondaryWindowNeeds& needs)
 
 SecondaryWindowFactory onboardingFactory(const SecondaryWindowNeeds& needs)
 {
+    installWindowAccessibility();
     return [needs](AppState& appState) {
         const auto openSettings = [weak = appState.weak_from_this()] {
             if (const auto state = weak.lock())

@@ -42,17 +42,24 @@ constexpr Text bodyText = {textStyle::bodySize};
 constexpr Text captionText = {textStyle::captionSize};
 constexpr Text valueText = {textStyle::captionSize, QFont::DemiBold};
 
-/// The slider's whole numbers are hundredths of the opacity.
-constexpr int hundred = 100;
+/// The slider's whole numbers are per cents of the opacity.
 constexpr int leastTint = 10;
 constexpr int mostTint = 70;
 constexpr int pageOfTint = 10;
 
-int hundredths(double opacity)
+/// In tenths first: so rounded no per cent lies below itself, and what is truncated shows all of them as they
+/// are. A hundredth of 29, 57 or 58 would be shown as one less.
+double opacityOf(int percent)
 {
-    const double within =
-        std::clamp(opacity * hundred, static_cast<double>(leastTint), static_cast<double>(mostTint));
-    return static_cast<int>(std::lround(within));
+    constexpr double tenth = 0.1;
+    constexpr int tenthsInOne = 10;
+    return percent * tenth / tenthsInOne;
+}
+
+/// Where the slider stands: as far as it goes, where the header says.
+int sliderPosition(double opacity)
+{
+    return static_cast<int>(std::clamp<std::int64_t>(tintPercent(opacity), leastTint, mostTint));
 }
 
 QString fromUtf8(const std::string& text)
@@ -177,7 +184,7 @@ QWidget* SettingsView::makeTransparencyCard()
     label->setBuddy(tint_);
     connect(tint_, &QAbstractSlider::valueChanged, this, [this](int value) {
         if (const auto appState = state())
-            appState->panelTintOpacity = static_cast<double>(value) / hundred;
+            appState->panelTintOpacity = opacityOf(value);
     });
     card->content().addLayout(header);
     card->content().addWidget(tint_);
@@ -222,7 +229,7 @@ void SettingsView::showState(const AppState& state)
     hotKeyPreset_->setCurrentIndex(static_cast<int>(preset - allHotKeyPresets.begin()));
     tintValue_->setText(QStringLiteral("%1%").arg(tintPercent(*state.panelTintOpacity)));
     tint_->setAccessibleDescription(tintValue_->text());
-    tint_->setValue(hundredths(*state.panelTintOpacity));
+    tint_->setValue(sliderPosition(*state.panelTintOpacity));
     showPolicy(*state.quickClearPolicy, *state.quickClearCustomSeconds);
 }
 

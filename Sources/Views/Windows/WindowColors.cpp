@@ -2,19 +2,11 @@
 
 #include <QtGui/QPalette>
 
+#include "Support/Colors.h"
+
 namespace tessel {
 
 namespace {
-
-QColor white(double opacity)
-{
-    return QColor::fromRgbF(1, 1, 1, static_cast<float>(opacity));
-}
-
-QColor black(double opacity)
-{
-    return QColor::fromRgbF(0, 0, 0, static_cast<float>(opacity));
-}
 
 QColor at(QColor color, double opacity)
 {
@@ -22,9 +14,10 @@ QColor at(QColor color, double opacity)
     return color;
 }
 
-QColor purple()
+/// The platform's, of that scheme.
+QColor purple(ColorScheme scheme)
 {
-    return {175, 82, 222};
+    return scheme == ColorScheme::dark ? QColor(191, 90, 242) : QColor(175, 82, 222);
 }
 
 QColor windowBackground(ColorScheme scheme, const QPalette& palette)
@@ -65,7 +58,7 @@ WindowColors windowColors(const AppearanceSettings& settings, const QPalette& pa
             .keyLabelFill = white(0.14),
             .linkText = white(1),
             .firstCircle = at(accentColor, 0.16),
-            .secondCircle = at(purple(), 0.11),
+            .secondCircle = at(purple(settings.colorScheme), 0.11),
         };
     }
     return {
@@ -81,7 +74,7 @@ WindowColors windowColors(const AppearanceSettings& settings, const QPalette& pa
         .keyLabelFill = black(0.07),
         .linkText = black(0.85),
         .firstCircle = at(accentColor, 0.12),
-        .secondCircle = at(purple(), 0.09),
+        .secondCircle = at(purple(settings.colorScheme), 0.09),
     };
 }
 

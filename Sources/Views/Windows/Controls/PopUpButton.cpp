@@ -2,10 +2,12 @@
 
 #include <QtGui/QActionGroup>
 #include <QtGui/QFontMetricsF>
+#include <QtGui/QHelpEvent>
 #include <QtGui/QMouseEvent>
 #include <QtGui/QPainter>
 #include <QtGui/QWheelEvent>
 #include <QtWidgets/QStyle>
+#include <QtWidgets/QToolTip>
 
 #include <algorithm>
 #include <cmath>
@@ -26,6 +28,7 @@ constexpr int titleInset = 10;
 constexpr int indicatorSide = 16;
 constexpr int indicatorInset = 3;
 constexpr double indicatorCornerRadius = 4;
+constexpr int toolTipWidth = 260;
 
 } // namespace
 
@@ -37,6 +40,8 @@ PopUpButton::PopUpButton(const WindowTheme& theme, QWidget* parent)
     setFont(textStyle_.font);
     setFocusPolicy(Qt::TabFocus);
     setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
+    // An open menu would keep its colours.
+    connect(&theme, &WindowTheme::didChange, this, &PopUpButton::hidePopup);
     connect(&theme, &WindowTheme::didChange, this, qOverload<>(&QWidget::update));
 }
 
@@ -54,6 +59,29 @@ QSize PopUpButton::sizeHint() const
 FocusOutline PopUpButton::focusOutline() const
 {
     return {rect(), cornerRadius};
+}
+
+bool PopUpButton::event(QEvent* event)
+{
+    if (event->type() != QEvent::ToolTip)
+        return QComboBox::event(event);
+    showToolTip(static_cast<QHelpEvent*>(event)->globalPos());
+    return true;
+}
+
+void PopUpButton::showToolTip(const QPoint& globalPosition)
+{
+    const ControlColors colors = controlColors(theme_);
+    QPalette palette;
+    palette.setColor(QPalette::ToolTipBase, colors.menu.fill);
+    palette.setColor(QPalette::ToolTipText, colors.text);
+    QToolTip::setPalette(palette);
+    // The toolkit breaks the lines of rich text alone, and where only a table tells it.
+    QToolTip::showText(globalPosition,
+                       QStringLiteral("<table width=%1><tr><td>%2</td></tr></table>")
+                           .arg(toolTipWidth)
+                           .arg(toolTip().toHtmlEscaped()),
+                       this);
 }
 
 void PopUpButton::paintEvent(QPaintEvent*)
@@ -96,6 +124,8 @@ void PopUpButton::showPopup()
         return;
     menu_ = new QMenu(this);
     menu_->setAttribute(Qt::WA_DeleteOnClose);
+    // Else a press on the button, where the menu leaves it uncovered, would close the menu and open it anew.
+    menu_->setAttribute(Qt::WA_NoMouseReplay);
     const ControlColors colors = controlColors(theme_);
     MenuStyle::apply(*menu_, colors.menu);
     QPalette palette;
@@ -104,7 +134,10 @@ void PopUpButton::showPopup()
     palette.setColor(QPalette::HighlightedText, colors.prominentText);
     menu_->setPalette(palette);
     fillMenu();
-    connect(menu_, &QObject::destroyed, this, qOverload<>(&QWidget::update));
+    connect(menu_, &QMenu::aboutToHide, this, [this] {
+        menu_ = nullptr;
+        update();
+    });
 
     // The current item's text lies on the button's.
     QAction* current = menu_->actions().value(currentIndex());

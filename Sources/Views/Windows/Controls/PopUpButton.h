@@ -13,7 +13,7 @@ class WindowTheme;
 
 /// A button that shows the chosen one of several titles, and opens a menu of them over itself. Arrow keys
 /// choose the next one, Space opens the menu. A click leaves the keyboard focus where it is, and the wheel is
-/// for what scrolls around the button.
+/// for what scrolls around the button. The tool tip is a plain text, and shown in lines of a readable length.
 class PopUpButton final : public QComboBox, public HasFocusOutline {
     Q_OBJECT
 
@@ -31,11 +31,13 @@ public:
     FocusOutline focusOutline() const override;
 
 protected:
+    bool event(QEvent* event) override;
     void paintEvent(QPaintEvent* event) override;
     void mousePressEvent(QMouseEvent* event) override;
     void wheelEvent(QWheelEvent* event) override;
 
 private:
+    void showToolTip(const QPoint& globalPosition);
     void fillMenu();
     void choose(int index);
 

@@ -8,6 +8,7 @@
 
 #include "Windows/Controls/ControlColors.h"
 #include "Windows/Controls/ControlPainting.h"
+#include "Windows/Controls/ReturnKey.h"
 #include "Windows/WindowTheme.h"
 
 namespace tessel {
@@ -40,7 +41,6 @@ PushButton::PushButton(const QString& title, Look look, const WindowTheme& theme
 {
     setFont(textStyle_.font);
     setFocusPolicy(Qt::TabFocus);
-    setAutoDefault(true);
     setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
     connect(&theme, &WindowTheme::didChange, this, qOverload<>(&QWidget::update));
 }
@@ -108,6 +108,8 @@ void PushButton::paintEvent(QPaintEvent*)
 
 void PushButton::keyPressEvent(QKeyEvent* event)
 {
+    if (pressWithReturn(*this, *event))
+        return;
     switch (event->key()) {
     case Qt::Key_Left:
     case Qt::Key_Right:
