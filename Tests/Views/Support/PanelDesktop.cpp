@@ -49,6 +49,13 @@ PanelDesktop::PanelDesktop()
     application->setActive(true);
 }
 
+PanelDesktop::~PanelDesktop()
+{
+    quit();
+    // Its windows go on the next turn, and use the window system until then.
+    runMainLoop();
+}
+
 void PanelDesktop::relaunch()
 {
     quit();

@@ -26,7 +26,8 @@ class PanelDesktop : public FakeDesktop {
 public:
     /// Starts the program.
     PanelDesktop();
-    ~PanelDesktop() { quit(); }
+    /// The program ends, and what it has left to the main loop is done.
+    ~PanelDesktop();
     PanelDesktop(const PanelDesktop&) = delete;
     PanelDesktop& operator=(const PanelDesktop&) = delete;
     /// Starts it anew, with what a test has changed on the desktop.
