@@ -9,6 +9,7 @@ namespace tessel {
 WindowTheme::WindowTheme(Appearance& appearance)
     : appearance_(appearance)
     , colors_(windowColors(appearance.settings(), QGuiApplication::palette()))
+    , controlColors_(tessel::controlColors(colors_, colorScheme()))
     , observation_(appearance.observe([this] { update(); }))
 {
     qGuiApp->installEventFilter(this);
@@ -24,6 +25,7 @@ bool WindowTheme::eventFilter(QObject* object, QEvent* event)
 void WindowTheme::update()
 {
     colors_ = windowColors(appearance_.settings(), QGuiApplication::palette());
+    controlColors_ = tessel::controlColors(colors_, colorScheme());
     emit didChange();
 }
 
