@@ -56,8 +56,8 @@ void AppState::positionPanelNearCursor()
 {
     if (!panelController || !panelController->hasWindow())
         return;
-    const auto screen = screenForPanel(platform_.screens->mouseLocation(), platform_.screens->screens(),
-                                       platform_.screens->mainScreen());
+    const auto screen = screenInUse(platform_.screens->mouseLocation(), platform_.screens->screens(),
+                                    platform_.screens->mainScreen());
     if (!screen)
         return;
     const Point pointer = platform_.screens->mouseLocation();

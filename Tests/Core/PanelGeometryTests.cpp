@@ -126,7 +126,7 @@ constexpr Screen right = {{{1000, 0}, {1000, 800}}, {{1000, 50}, {1000, 750}}};
 std::optional<Rect> frameForPanel(Point pointer, const std::vector<Screen>& screens,
                                   const std::optional<Screen>& mainScreen)
 {
-    const auto screen = screenForPanel(pointer, screens, mainScreen);
+    const auto screen = screenInUse(pointer, screens, mainScreen);
     return screen ? std::optional(screen->frame) : std::nullopt;
 }
 
@@ -150,8 +150,8 @@ TEST(ScreenForPanel, TheSharedEdgeBelongsToTheRightScreen)
 TEST(ScreenForPanel, IsTheFirstOfMirroredScreens)
 {
     const Screen mirror = {left.frame, {{0, 100}, {1000, 600}}};
-    EXPECT_EQ(screenForPanel({10, 10}, {left, mirror}, right)->visibleFrame, left.visibleFrame);
-    EXPECT_EQ(screenForPanel({10, 10}, {mirror, left}, right)->visibleFrame, mirror.visibleFrame);
+    EXPECT_EQ(screenInUse({10, 10}, {left, mirror}, right)->visibleFrame, left.visibleFrame);
+    EXPECT_EQ(screenInUse({10, 10}, {mirror, left}, right)->visibleFrame, mirror.visibleFrame);
 }
 
 TEST(ScreenForPanel, IsTheMainScreenWhereThePointerIsOnNone)

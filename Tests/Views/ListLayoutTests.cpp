@@ -4,7 +4,7 @@
 
 #include "Panel/ListLayout.h"
 #include "Panel/ScrollAnimation.h"
-#include "Panel/ScrollPosition.h"
+#include "Support/ScrollPosition.h"
 
 namespace tessel::test {
 

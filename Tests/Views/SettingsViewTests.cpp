@@ -591,7 +591,7 @@ TEST_F(SettingsContent, TheRingEndsWhereTheControlIsCutOff)
     QScrollBar& bar = *the<ContentScrollArea>().verticalScrollBar();
     const QRect area = inView(the<ContentScrollArea>());
     bar.setValue(bar.value() + inView(the<PopUpButton>()).top() - area.top() + 10);
-    EXPECT_EQ(the<FocusRing>().geometry().top(), area.top() - FocusRing::width);
+    EXPECT_EQ(the<FocusRing>().geometry().top(), area.top() - FocusRing::reach);
     bar.setValue(bar.maximum());
     EXPECT_FALSE(the<FocusRing>().isVisible());
     bar.setValue(0);

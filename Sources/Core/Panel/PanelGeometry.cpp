@@ -37,8 +37,8 @@ bool mouseInRect(Point pointer, const Rect& rect)
            pointer.y <= rect.maxY();
 }
 
-std::optional<Screen> screenForPanel(Point pointer, const std::vector<Screen>& screens,
-                                     const std::optional<Screen>& mainScreen)
+std::optional<Screen> screenInUse(Point pointer, const std::vector<Screen>& screens,
+                                  const std::optional<Screen>& mainScreen)
 {
     const auto found = std::find_if(screens.begin(), screens.end(), [pointer](const Screen& screen) {
         return mouseInRect(pointer, screen.frame);

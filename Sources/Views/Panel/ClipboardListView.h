@@ -15,8 +15,8 @@
 #include "Panel/ListLayout.h"
 #include "Panel/RowPainter.h"
 #include "Panel/ScrollAnimation.h"
-#include "Panel/ScrollIndicator.h"
-#include "Panel/ScrollPosition.h"
+#include "Support/ScrollIndicator.h"
+#include "Support/ScrollPosition.h"
 #include "Support/UUID.h"
 
 namespace tessel {

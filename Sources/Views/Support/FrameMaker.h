@@ -20,12 +20,15 @@ public:
     /// `cornerRadius` is in points. `overhang` is how far the pictures reach beyond the shape.
     FrameMaker(double cornerRadius, int overhang, double devicePixelRatio);
 
+    /// A transparent picture of a frame, with room for the overhang.
     QImage blank() const;
+    /// Paints the shape in one colour.
     void fill(QImage& image, const QColor& color) const;
     /// Strokes the shape's edge, half of the line on either side of it, and at most `outermost` outside. Its
     /// outer edge is moved inwards to a whole pixel, where the halves are not whole themselves, so that the
     /// line is sharp.
     void stroke(QImage& image, const Outline& outline, int outermost) const;
+    /// The frame for shapes of all sizes.
     NinePatch patch(QImage image) const;
 
 private:

@@ -38,4 +38,9 @@ TextStyle::TextStyle(const Text& text)
     lineHeight = ascent + static_cast<int>(std::ceil(metrics.descent() * scale));
 }
 
+int TextStyle::widthOf(const QString& text) const
+{
+    return static_cast<int>(std::ceil(QFontMetricsF(font).horizontalAdvance(text) * scale));
+}
+
 } // namespace tessel

@@ -27,6 +27,11 @@ inline constexpr Text headline = {13, QFont::Bold};
 struct TextStyle {
     explicit TextStyle(const Text& text);
 
+    /// How wide a text is in a layout, in whole points.
+    int widthOf(const QString& text) const;
+    /// From the top of that height, in points, to the baseline of a line in its middle.
+    int baselineIn(int height) const { return (height - lineHeight) / 2 + ascent; }
+
     QFont font;
     /// What is laid out with the font is drawn at this scale. The toolkit rounds fonts to whole pixels: a
     /// size with a half is had by drawing a font of twice the size half as large.

@@ -15,6 +15,7 @@ class AboutView final : public StateView {
     Q_OBJECT
 
 public:
+    /// What the link and the button do.
     struct Actions {
         std::function<void()> openWebsite;
         std::function<void()> close;
@@ -23,6 +24,7 @@ public:
     /// `theme` must outlive this object.
     AboutView(AppState& appState, WindowTheme& theme, const Actions& actions);
 
+    /// How the parts come into view.
     Entrance& entrance() { return entrance_; }
 
 protected:

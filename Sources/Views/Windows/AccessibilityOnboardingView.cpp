@@ -21,12 +21,6 @@ constexpr int spacing = 14;
 constexpr int stepSpacing = 6;
 constexpr int buttonSpacing = 8;
 
-QLabel* wrapped(WindowLabel* label)
-{
-    label->setWordWrap(true);
-    return label;
-}
-
 } // namespace
 
 AccessibilityOnboardingView::AccessibilityOnboardingView(WindowTheme& theme,
@@ -44,13 +38,13 @@ AccessibilityOnboardingView::AccessibilityOnboardingView(WindowTheme& theme,
     content->setContentsMargins(padding, padding, padding, padding);
     content->setSpacing(spacing);
     content->addStretch();
-    content->addWidget(wrapped(new WindowLabel(tr("Enable Accessibility Access"),
-                                               {textStyle::thirdLevelTitleSize, QFont::DemiBold},
-                                               &WindowColors::primaryText, theme)));
-    content->addWidget(
-        wrapped(new WindowLabel(tr("Tessel Clipboard needs Accessibility permission to paste selected items "
-                                   "automatically into other apps."),
-                                {textStyle::bodySize}, &WindowColors::secondaryText, theme)));
+    content->addWidget(new WindowLabel(tr("Enable Accessibility Access"),
+                                       {textStyle::thirdLevelTitleSize, QFont::DemiBold},
+                                       &WindowColors::primaryText, theme, WindowLabel::Wrapping::on));
+    content->addWidget(new WindowLabel(
+        tr("Tessel Clipboard needs Accessibility permission to paste selected items "
+           "automatically into other apps."),
+        {textStyle::bodySize}, &WindowColors::secondaryText, theme, WindowLabel::Wrapping::on));
     content->addLayout(makeSteps());
     content->addLayout(makeButtons(std::move(openSettings), std::move(close)));
     content->addStretch();
@@ -63,8 +57,8 @@ QLayout* AccessibilityOnboardingView::makeSteps()
     auto* steps = new QVBoxLayout;
     steps->setSpacing(stepSpacing);
     const auto add = [&](const QString& text, QFont::Weight weight) {
-        steps->addWidget(wrapped(
-            new WindowLabel(text, {textStyle::calloutSize, weight}, &WindowColors::primaryText, theme_)));
+        steps->addWidget(new WindowLabel(text, {textStyle::calloutSize, weight}, &WindowColors::primaryText,
+                                         theme_, WindowLabel::Wrapping::on));
     };
     add(tr("How to enable it:"), QFont::DemiBold);
     add(tr("1. Open Privacy & Security settings"), QFont::Normal);

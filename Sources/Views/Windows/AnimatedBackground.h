@@ -34,6 +34,7 @@ public:
     void setCovered(bool isCovered);
     /// The circles go to where they are that many seconds after they have begun to drift.
     void driftTo(double seconds);
+    /// False: hidden, covered, or the user wants little motion.
     bool isDrifting() const { return frames_.isActive(); }
 
 protected:

@@ -1,9 +1,7 @@
 #include "Windows/CloseButton.h"
 
-#include <QtGui/QFontMetricsF>
 #include <QtGui/QPainter>
 
-#include <cmath>
 #include <utility>
 
 #include "Support/DevicePixels.h"
@@ -31,7 +29,7 @@ CloseButton::CloseButton(const WindowTheme& theme, std::function<void()> close, 
     setText(tr("Close"));
     setFocusPolicy(Qt::TabFocus);
     setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
-    const int textWidth = static_cast<int>(std::ceil(QFontMetricsF(style_.font).horizontalAdvance(text())));
+    const int textWidth = style_.widthOf(text());
     size_ = {textWidth + 2 * horizontalPadding, style_.lineHeight + 2 * verticalPadding};
     connect(&theme, &WindowTheme::didChange, this, qOverload<>(&QWidget::update));
     connect(this, &QAbstractButton::clicked, this, std::move(close));

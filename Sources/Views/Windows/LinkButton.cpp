@@ -1,10 +1,9 @@
 #include "Windows/LinkButton.h"
 
-#include <QtGui/QFontMetricsF>
 #include <QtGui/QPainter>
 #include <QtWidgets/QStyle>
 
-#include <cmath>
+#include <algorithm>
 #include <utility>
 
 #include "Windows/Controls/ReturnKey.h"
@@ -30,7 +29,7 @@ LinkButton::LinkButton(const QString& text, const WindowTheme& theme, std::funct
     setFocusPolicy(Qt::TabFocus);
     setCursor(Qt::PointingHandCursor);
     setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
-    const int textWidth = static_cast<int>(std::ceil(QFontMetricsF(style_.font).horizontalAdvance(text)));
+    const int textWidth = style_.widthOf(text);
     size_ = {symbolSide + spacing + textWidth, std::max(symbolSide, style_.lineHeight)};
     connect(&theme, &WindowTheme::didChange, this, qOverload<>(&QWidget::update));
     connect(this, &QAbstractButton::clicked, this, std::move(open));

@@ -2,8 +2,8 @@
 
 #include <QtWidgets/QWidget>
 
-#include "Panel/ScrollIndicator.h"
-#include "Panel/ScrollPosition.h"
+#include "Support/ScrollIndicator.h"
+#include "Support/ScrollPosition.h"
 
 class QScrollArea;
 

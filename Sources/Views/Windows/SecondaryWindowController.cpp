@@ -31,7 +31,7 @@ void SecondaryWindowController::showWindow()
 
 void SecondaryWindowController::center()
 {
-    const auto screen = screenForPanel(screens_.mouseLocation(), screens_.screens(), screens_.mainScreen());
+    const auto screen = screenInUse(screens_.mouseLocation(), screens_.screens(), screens_.mainScreen());
     if (!screen)
         return;
     window_->adjustSize();

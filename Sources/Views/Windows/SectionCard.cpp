@@ -10,22 +10,18 @@ namespace tessel {
 
 namespace {
 
-// In points.
-constexpr int padding = 12;
-constexpr int spacing = 8;
-constexpr double cornerRadius = 11;
-constexpr double outlineWidth = 1;
+constexpr double outlineWidth = 1; // Points.
 
 } // namespace
 
-SectionCard::SectionCard(const WindowTheme& theme, QWidget* parent)
-    : QWidget(parent)
-    , theme_(theme)
-    , card_(cornerRadius, outlineWidth)
+SectionCard::SectionCard(const WindowTheme& theme, const CardMeasures& measures)
+    : theme_(theme)
+    , card_(measures.cornerRadius, outlineWidth)
     , content_(new QVBoxLayout(this))
 {
+    const int padding = measures.padding;
     content_->setContentsMargins(padding, padding, padding, padding);
-    content_->setSpacing(spacing);
+    content_->setSpacing(measures.spacing);
     connect(&theme, &WindowTheme::didChange, this, qOverload<>(&QWidget::update));
 }
 

@@ -10,14 +10,22 @@ namespace tessel {
 
 class WindowTheme;
 
-/// A card with a section of the settings: its content, one below the other.
-class SectionCard final : public QWidget {
+/// In points; those of the settings' sections where nothing else is said.
+struct CardMeasures {
+    int padding = 12;
+    int spacing = 8;
+    double cornerRadius = 11;
+};
+
+/// A card with a section of a window: its content, one below the other.
+class SectionCard : public QWidget {
     Q_OBJECT
 
 public:
     /// `theme` must outlive this object.
-    explicit SectionCard(const WindowTheme& theme, QWidget* parent = nullptr);
+    explicit SectionCard(const WindowTheme& theme, const CardMeasures& measures = {});
 
+    /// What the card contains, to which more is added at the end.
     QVBoxLayout& content() const { return *content_; }
 
 protected:

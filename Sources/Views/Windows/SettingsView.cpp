@@ -62,11 +62,6 @@ int sliderPosition(double opacity)
     return static_cast<int>(std::clamp<std::int64_t>(tintPercent(opacity), leastTint, mostTint));
 }
 
-QString fromUtf8(const std::string& text)
-{
-    return QString::fromStdString(text);
-}
-
 } // namespace
 
 SettingsView::SettingsView(AppState& appState, WindowTheme& theme, std::function<void()> close)
@@ -158,7 +153,7 @@ QWidget* SettingsView::makeQuickClearCard()
 void SettingsView::addPresets()
 {
     for (const double seconds : quickClearPresets) {
-        presets_->addChoice(fromUtf8(shortDurationLabel(seconds)), [this, seconds] {
+        presets_->addChoice(QString::fromStdString(shortDurationLabel(seconds)), [this, seconds] {
             if (const auto appState = state())
                 appState->selectPreset(seconds);
         });
@@ -214,9 +209,8 @@ WindowLabel* SettingsView::makeLabel(const QString& text, const Text& style, Win
 
 WindowLabel* SettingsView::makeCaption(const QString& text)
 {
-    auto* caption = makeLabel(text, captionText, &WindowColors::secondaryText);
-    caption->setWordWrap(true);
-    return caption;
+    return new WindowLabel(text, captionText, &WindowColors::secondaryText, theme_,
+                           WindowLabel::Wrapping::on);
 }
 
 void SettingsView::showState(const AppState& state)
@@ -251,6 +245,7 @@ void SettingsView::showEvent(QShowEvent* event)
 
 void SettingsView::keyPressEvent(QKeyEvent* event)
 {
+    // In the program the monitor of all keys takes Escape before. This closes the window where there is none.
     if (event->key() == Qt::Key_Escape)
         return close_();
     StateView::keyPressEvent(event);

@@ -1,18 +1,15 @@
 #pragma once
 
-#include <QtWidgets/QWidget>
-
-#include "Support/CardPicture.h"
+#include "Windows/SectionCard.h"
 
 class QLabel;
-class QVBoxLayout;
 
 namespace tessel {
 
 class WindowTheme;
 
 /// The card that lists the keyboard shortcuts.
-class ShortcutCard final : public QWidget {
+class ShortcutCard final : public SectionCard {
     Q_OBJECT
 
 public:
@@ -22,16 +19,11 @@ public:
     /// The keys that open the history.
     void setHotKey(const QString& keys);
 
-protected:
-    void paintEvent(QPaintEvent* event) override;
-
 private:
     /// Returns the label with the keys.
     QLabel* addRow(const QString& symbol, const QString& title, const QString& keys);
 
     const WindowTheme& theme_;
-    CardPicture card_;
-    QVBoxLayout* rows_;
     QLabel* hotKey_;
 };
 

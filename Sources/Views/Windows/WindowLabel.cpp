@@ -8,9 +8,9 @@
 namespace tessel {
 
 WindowLabel::WindowLabel(const QString& text, const Text& style, Color color, const WindowTheme& theme,
-                         QWidget* parent)
-    : QLabel(parent)
+                         Wrapping wrapping)
 {
+    setWordWrap(wrapping == Wrapping::on);
     setTextFormat(Qt::PlainText);
     setFont(TextStyle(style).font);
     // By the interface's direction, not by that of the text.

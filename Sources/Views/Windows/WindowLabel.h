@@ -16,9 +16,12 @@ class WindowLabel : public QLabel {
 public:
     using Color = QColor WindowColors::*;
 
+    /// Whether a text that is wider than its place goes on in the next line.
+    enum class Wrapping { off, on };
+
     /// `theme` must outlive this object.
     WindowLabel(const QString& text, const Text& style, Color color, const WindowTheme& theme,
-                QWidget* parent = nullptr);
+                Wrapping wrapping = Wrapping::off);
 };
 
 } // namespace tessel

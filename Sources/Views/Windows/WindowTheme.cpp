@@ -10,6 +10,7 @@ WindowTheme::WindowTheme(Appearance& appearance)
     : appearance_(appearance)
     , settings_(appearance.settings())
     , colors_(windowColors(settings_, QGuiApplication::palette()))
+    , controlColors_(tessel::controlColors(colors_, settings_.colorScheme))
     , observation_(appearance.observe([this] { update(); }))
 {
     qGuiApp->installEventFilter(this);
@@ -31,6 +32,7 @@ void WindowTheme::update()
         return;
     settings_ = settings;
     colors_ = colors;
+    controlColors_ = tessel::controlColors(colors_, settings_.colorScheme);
     emit didChange();
 }
 

@@ -4,6 +4,7 @@
 
 #include "Appearance.h"
 #include "Token.h"
+#include "Windows/Controls/ControlColors.h"
 #include "Windows/WindowColors.h"
 
 namespace tessel {
@@ -17,6 +18,7 @@ public:
     explicit WindowTheme(Appearance& appearance);
 
     const WindowColors& colors() const { return colors_; }
+    const ControlColors& controlColors() const { return controlColors_; }
     ColorScheme colorScheme() const { return settings_.colorScheme; }
     /// Nothing is to move that does not have to.
     bool reducesMotion() const { return settings_.reducesMotion; }
@@ -32,6 +34,7 @@ private:
     Appearance& appearance_;
     AppearanceSettings settings_;
     WindowColors colors_;
+    ControlColors controlColors_;
     Token observation_;
 };
 

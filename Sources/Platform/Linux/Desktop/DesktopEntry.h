@@ -20,7 +20,9 @@ public:
 
     /// Empty: there is no such key.
     QString string(const char* key) const;
+    /// The values of a list, which semicolons separate. Empty: there is no such key.
     QStringList strings(const char* key) const;
+    /// Whether there is such a key.
     bool has(const char* key) const;
     /// `otherwise`: there is no such key, or it is neither true nor false.
     bool boolean(const char* key, bool otherwise) const;
@@ -28,6 +30,7 @@ public:
     void set(const char* key, const QString& value);
     void set(const char* key, bool value);
 
+    /// The file's text.
     QByteArray content() const;
 
 private:

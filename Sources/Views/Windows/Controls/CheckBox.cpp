@@ -1,11 +1,9 @@
 #include "Windows/Controls/CheckBox.h"
 
-#include <QtGui/QFontMetricsF>
 #include <QtGui/QPainter>
 #include <QtWidgets/QStyle>
 
 #include <algorithm>
-#include <cmath>
 
 #include "Support/CheckMark.h"
 #include "Support/VisualRectangle.h"
@@ -37,7 +35,7 @@ CheckBox::CheckBox(const QString& label, const WindowTheme& theme, QWidget* pare
 
 QSize CheckBox::sizeHint() const
 {
-    const int textWidth = static_cast<int>(std::ceil(QFontMetricsF(font()).horizontalAdvance(text())));
+    const int textWidth = textStyle_.widthOf(text());
     return {boxSide + spacing + textWidth, std::max(boxSide, textStyle_.lineHeight)};
 }
 
@@ -56,7 +54,7 @@ void CheckBox::paintEvent(QPaintEvent*)
     QPainter painter(this);
     if (!isEnabled())
         painter.setOpacity(disabledOpacity);
-    const ControlColors colors = controlColors(theme_);
+    const ControlColors& colors = theme_.controlColors();
     const FillColors& fills = isChecked() ? colors.prominent : colors.bezel;
     paintBezel(painter, box(), boxCornerRadius, isDown() ? fills.pressed : fills.normal,
                isChecked() ? colors.prominentEdge : colors.bezelEdge);
@@ -67,8 +65,7 @@ void CheckBox::paintEvent(QPaintEvent*)
     const QRectF label =
         visualRectangle(layoutDirection(), rect(), QRectF(boxSide + spacing, 0, textWidth, height()));
     painter.setPen(colors.text);
-    painter.drawText(QPointF(label.left(), (height() - textStyle_.lineHeight) / 2 + textStyle_.ascent),
-                     text());
+    painter.drawText(QPointF(label.left(), textStyle_.baselineIn(height())), text());
 }
 
 } // namespace tessel

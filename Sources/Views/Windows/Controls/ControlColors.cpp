@@ -2,7 +2,7 @@
 
 #include "Support/Colors.h"
 #include "Support/Contrast.h"
-#include "Windows/WindowTheme.h"
+#include "Windows/WindowColors.h"
 
 namespace tessel {
 
@@ -36,19 +36,19 @@ Readable readable(const QColor& accent)
 
 } // namespace
 
-ControlColors controlColors(const WindowTheme& theme)
+ControlColors controlColors(const WindowColors& colors, ColorScheme scheme)
 {
     constexpr double pressedShade = 0.14;
-    const auto [fill, text] = readable(theme.colors().accent);
+    const auto [fill, text] = readable(colors.accent);
     // A shade under black text would take from its contrast what it needs.
     const QColor pressed = text == Qt::white ? shaded(fill, pressedShade)
                                              : fill.lighter(100 + static_cast<int>(100 * pressedShade));
-    const bool isDark = theme.colorScheme() == ColorScheme::dark;
-    QColor focusRing = theme.colors().accent;
+    const bool isDark = scheme == ColorScheme::dark;
+    QColor focusRing = colors.accent;
     focusRing.setAlphaF(isDark ? 0.75F : 0.5F); // Half of it is hardly seen on a dark card.
     if (isDark) {
         return {
-            .text = theme.colors().primaryText,
+            .text = colors.primaryText,
             .bezel = {white(0.20), white(0.32)},
             .bezelEdge = {white(0.16), white(0.04)},
             .prominent = {fill, pressed},
@@ -63,7 +63,7 @@ ControlColors controlColors(const WindowTheme& theme)
         };
     }
     return {
-        .text = theme.colors().primaryText,
+        .text = colors.primaryText,
         .bezel = {Qt::white, QColor(224, 224, 226)},
         .bezelEdge = {black(0.14), black(0.28)},
         .prominent = {fill, pressed},

@@ -2,11 +2,12 @@
 
 #include <QtGui/QColor>
 
+#include "Appearance.h"
 #include "Support/MenuStyle.h"
 
 namespace tessel {
 
-class WindowTheme;
+struct WindowColors;
 
 /// From the top of a shape to its bottom.
 struct EdgeColors {
@@ -37,7 +38,8 @@ struct ControlColors {
     MenuStyle::Card menu;
 };
 
-ControlColors controlColors(const WindowTheme& theme);
+/// The colours for windows with these ones.
+ControlColors controlColors(const WindowColors& colors, ColorScheme scheme);
 
 /// The opacity of a control that is disabled.
 inline constexpr double disabledOpacity = 0.4;

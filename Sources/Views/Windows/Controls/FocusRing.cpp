@@ -66,7 +66,7 @@ void FocusRing::place()
     const auto [inControl, radius] = outlined->focusOutline();
     const QRectF rectangle = inControl.translated(control_->mapTo(parentWidget(), QPoint(0, 0)));
     const QRect geometry =
-        rectangle.adjusted(-width, -width, width, width).toAlignedRect().intersected(visiblePart());
+        rectangle.adjusted(-reach, -reach, reach, reach).toAlignedRect().intersected(visiblePart());
     if (geometry.isEmpty())
         return hide();
     if (!isHidden() && rectangle == outline_.rectangle && geometry == this->geometry())
@@ -85,7 +85,7 @@ QRect FocusRing::visiblePart() const
         if (qobject_cast<const QAbstractScrollArea*>(widget->parentWidget()) == nullptr)
             continue;
         const QRect viewport(widget->mapTo(parentWidget(), QPoint(0, 0)), widget->size());
-        part = part.intersected(viewport.adjusted(-width, -width, width, width));
+        part = part.intersected(viewport.adjusted(-reach, -reach, reach, reach));
     }
     return part;
 }
@@ -95,10 +95,10 @@ void FocusRing::paintEvent(QPaintEvent*)
     QPainter painter(this);
     painter.setRenderHint(QPainter::Antialiasing);
     painter.translate(-pos());
-    constexpr double half = width / 2.0;
+    constexpr double half = reach / 2.0;
     painter.strokePath(continuousRoundedRectangle(outline_.rectangle.adjusted(-half, -half, half, half),
                                                   outline_.radius + half),
-                       QPen(controlColors(theme_).focusRing, width));
+                       QPen(theme_.controlColors().focusRing, reach));
 }
 
 } // namespace tessel

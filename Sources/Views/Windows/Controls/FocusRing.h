@@ -18,7 +18,7 @@ class FocusRing final : public QWidget {
 
 public:
     /// How far it reaches from the control, in points.
-    static constexpr int width = 3;
+    static constexpr int reach = 3;
 
     /// `view` contains the controls. `theme` must outlive this object.
     FocusRing(QWidget* view, const WindowTheme& theme);

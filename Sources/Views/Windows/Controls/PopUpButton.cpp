@@ -10,7 +10,6 @@
 #include <QtWidgets/QToolTip>
 
 #include <algorithm>
-#include <cmath>
 
 #include "Support/MenuStyle.h"
 #include "Windows/Controls/ControlColors.h"
@@ -49,8 +48,7 @@ QSize PopUpButton::sizeHint() const
 {
     int widest = 0;
     for (int index = 0; index < count(); ++index) {
-        const double width = QFontMetricsF(font()).horizontalAdvance(itemText(index));
-        widest = std::max(widest, static_cast<int>(std::ceil(width)));
+        widest = std::max(widest, textStyle_.widthOf(itemText(index)));
     }
     return {titleInset + widest + titleInset + indicatorSide + indicatorInset,
             std::max(controlHeight, textStyle_.lineHeight)};
@@ -71,7 +69,7 @@ bool PopUpButton::event(QEvent* event)
 
 void PopUpButton::showToolTip(const QPoint& globalPosition)
 {
-    const ControlColors colors = controlColors(theme_);
+    const ControlColors& colors = theme_.controlColors();
     QPalette palette;
     palette.setColor(QPalette::ToolTipBase, colors.menu.fill);
     palette.setColor(QPalette::ToolTipText, colors.text);
@@ -89,7 +87,7 @@ void PopUpButton::paintEvent(QPaintEvent*)
     QPainter painter(this);
     if (!isEnabled())
         painter.setOpacity(disabledOpacity);
-    const ControlColors colors = controlColors(theme_);
+    const ControlColors& colors = theme_.controlColors();
     paintBezel(painter, rect(), cornerRadius, menu_ ? colors.bezel.pressed : colors.bezel.normal,
                colors.bezelEdge);
 
@@ -103,8 +101,7 @@ void PopUpButton::paintEvent(QPaintEvent*)
     const double textWidth = QFontMetricsF(font()).horizontalAdvance(currentText());
     const double left = isRightToLeft() ? width() - titleInset - textWidth : titleInset;
     painter.setPen(colors.text);
-    painter.drawText(QPointF(left, (height() - textStyle_.lineHeight) / 2 + textStyle_.ascent),
-                     currentText());
+    painter.drawText(QPointF(left, textStyle_.baselineIn(height())), currentText());
 }
 
 void PopUpButton::fillMenu()
@@ -126,7 +123,7 @@ void PopUpButton::showPopup()
     menu_->setAttribute(Qt::WA_DeleteOnClose);
     // Else a press on the button, where the menu leaves it uncovered, would close the menu and open it anew.
     menu_->setAttribute(Qt::WA_NoMouseReplay);
-    const ControlColors colors = controlColors(theme_);
+    const ControlColors& colors = theme_.controlColors();
     MenuStyle::apply(*menu_, colors.menu);
     QPalette palette;
     palette.setColor(QPalette::Text, colors.text);

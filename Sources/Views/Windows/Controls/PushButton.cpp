@@ -1,10 +1,9 @@
 #include "Windows/Controls/PushButton.h"
 
-#include <QtGui/QFontMetricsF>
 #include <QtGui/QKeyEvent>
 #include <QtGui/QPainter>
 
-#include <cmath>
+#include <algorithm>
 
 #include "Windows/Controls/ControlColors.h"
 #include "Windows/Controls/ControlPainting.h"
@@ -55,7 +54,7 @@ void PushButton::setLook(Look look)
 
 QSize PushButton::sizeHint() const
 {
-    const int width = static_cast<int>(std::ceil(QFontMetricsF(font()).horizontalAdvance(text())));
+    const int width = textStyle_.widthOf(text());
     const int height = controlSize_ == ControlSize::small ? smallHeight : regularHeight;
     return {width + 2 * padding(), std::max(height, textStyle_.lineHeight)};
 }
@@ -81,9 +80,9 @@ QColor PushButton::textColor() const
 {
     switch (look_) {
     case Look::bordered:
-        return controlColors(theme_).text;
+        return theme_.controlColors().text;
     case Look::borderedProminent:
-        return controlColors(theme_).prominentText;
+        return theme_.controlColors().prominentText;
     case Look::plain:
         break;
     }
@@ -95,15 +94,14 @@ void PushButton::paintEvent(QPaintEvent*)
     QPainter painter(this);
     if (!isEnabled())
         painter.setOpacity(disabledOpacity);
-    const ControlColors colors = controlColors(theme_);
+    const ControlColors& colors = theme_.controlColors();
     const auto fill = [this](const FillColors& fills) { return isDown() ? fills.pressed : fills.normal; };
     if (look_ == Look::bordered)
         paintBezel(painter, rect(), cornerRadius(), fill(colors.bezel), colors.bezelEdge);
     if (look_ == Look::borderedProminent)
         paintBezel(painter, rect(), cornerRadius(), fill(colors.prominent), colors.prominentEdge);
     painter.setPen(textColor());
-    const double baseline = std::floor((height() - textStyle_.lineHeight) / 2.0) + textStyle_.ascent;
-    painter.drawText(QPointF(padding(), baseline), text());
+    painter.drawText(QPointF(padding(), textStyle_.baselineIn(height())), text());
 }
 
 void PushButton::keyPressEvent(QKeyEvent* event)

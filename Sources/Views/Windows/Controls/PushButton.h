@@ -26,6 +26,7 @@ public:
     PushButton(const QString& title, Look look, const WindowTheme& theme, QWidget* parent = nullptr,
                ControlSize controlSize = ControlSize::regular);
 
+    /// The width stays: it is for looks with the same padding.
     void setLook(Look look);
 
     QSize sizeHint() const override;

@@ -69,7 +69,7 @@ void Slider::paintEvent(QPaintEvent*)
     painter.setPen(Qt::NoPen);
     if (!isEnabled())
         painter.setOpacity(disabledOpacity);
-    const ControlColors colors = controlColors(theme_);
+    const ControlColors& colors = theme_.controlColors();
     const QRectF place = knob();
 
     const QRectF track =

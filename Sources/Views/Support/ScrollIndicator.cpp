@@ -1,11 +1,11 @@
-#include "Panel/ScrollIndicator.h"
+#include "Support/ScrollIndicator.h"
 
 #include <QtGui/QPainter>
 
 #include <algorithm>
 
 #include "Panel/PanelStyle.h"
-#include "Panel/ScrollPosition.h"
+#include "Support/ScrollPosition.h"
 #include "Support/VisualRectangle.h"
 
 namespace tessel {

@@ -1,4 +1,4 @@
-#include "Panel/ScrollPosition.h"
+#include "Support/ScrollPosition.h"
 
 #include <algorithm>
 
