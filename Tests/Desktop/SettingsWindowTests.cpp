@@ -61,6 +61,13 @@ protected:
         desktop_.pointer().moveTo(placeOf(role, name));
         desktop_.pointer().click();
     }
+    /// Opens the menu of the shortcuts, and waits until keys are its own.
+    void openPicker(const std::string& title)
+    {
+        click("combo box", title);
+        desktop_.connection().waitUntil("the menu to have the keyboard",
+                                        [&] { return desktop_.keyboard().isGrabbed(); });
+    }
     void waitForLabel(const std::string& text) { reader().waitForNode("label", text); }
 
     /// Waits until another node than the one at that path has the focus, and returns it.
@@ -108,7 +115,7 @@ protected:
 TEST_F(SettingsWindowTest, APresetOfTheHotKeyIsGrabbedAtOnceAndKept)
 {
     openSettings();
-    click("combo box", "Cmd + Shift + V");
+    openPicker("Cmd + Shift + V");
     desktop_.keyboard().tap(XKB_KEY_Down);
     desktop_.keyboard().tap(XKB_KEY_Return);
     waitForSetting("hotKeyPreset", "\"ctrlShiftV\"");
@@ -129,7 +136,7 @@ TEST_F(SettingsWindowTest, APresetOfTheHotKeyIsToldByAnOpenAboutWindow)
     settings().waitUntilOpen();
     settings().moveTo({20, 20});
     program_->waitUntilItHasRead();
-    click("combo box", "Cmd + Shift + V");
+    openPicker("Cmd + Shift + V");
     desktop_.keyboard().tap(XKB_KEY_Down);
     desktop_.keyboard().tap(XKB_KEY_Down);
     desktop_.keyboard().tap(XKB_KEY_Return);
