@@ -7,7 +7,7 @@
 
 namespace tessel {
 
-/// The login item as an autostart entry (XDG Desktop Application Autostart Specification). Every question is
+/// The login item as an autostart entry (freedesktop.org, Desktop Application Autostart). Every question is
 /// answered from the files as they are at that moment: desktops and users change them, too.
 class AutostartLoginItem final : public LoginItem {
 public:

@@ -10,7 +10,7 @@ struct _GKeyFile;
 
 namespace tessel {
 
-/// The group of a desktop entry (Desktop Entry Specification) that says what it is.
+/// The group of a desktop entry (freedesktop.org, Desktop Entry) that says what it is.
 class DesktopEntry {
 public:
     /// An empty one.
