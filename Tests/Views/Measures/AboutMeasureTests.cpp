@@ -6,9 +6,7 @@
 
 #include <gtest/gtest.h>
 
-#include "Measures/MeasuredText.h"
-#include "Measures/MeasuringFont.h"
-#include "Support/PanelDesktop.h"
+#include "Measures/WindowMeasures.h"
 #include "Support/WindowOf.h"
 #include "Windows/AboutView.h"
 
@@ -16,13 +14,6 @@ namespace tessel::test {
 
 namespace {
 
-/// The design's colours, as opacities of white in the dark scheme and of black in the light one.
-struct Ink {
-    double dark;
-    double light;
-};
-constexpr Ink primary = {1, 0.85};
-constexpr Ink secondary = {0.75, 0.65};
 constexpr Ink tertiary = {0.65, 0.55};
 constexpr Ink keyLabelFill = {0.14, 0.07};
 constexpr Ink outline = {0.08, 0.08};
@@ -46,16 +37,7 @@ constexpr double footer = cardBottom + 14;
 constexpr double closeHeight = 12 + 2 * 6;
 constexpr double rootHeight = footer + closeHeight + 18;
 
-struct Line {
-    std::string start; ///< Its first letters: the measuring font is wide.
-    double left;
-    double top;
-    double size;
-    double weight;
-    Ink ink;
-};
-
-class AboutMeasures : public testing::TestWithParam<std::tuple<double, ColorScheme>> {
+class AboutMeasures : public WindowMeasures {
 protected:
     AboutMeasures()
     {
@@ -63,59 +45,8 @@ protected:
         desktop_.state->showAboutWindow();
     }
 
-    double scale() const { return std::get<0>(GetParam()); }
-    ColorScheme scheme() const { return std::get<1>(GetParam()); }
-    bool isDark() const { return scheme() == ColorScheme::dark; }
-    double opacity(const Ink& ink) const { return isDark() ? ink.dark : ink.light; }
-
+    QWidget& root() const override { return view(); }
     AboutView& view() const { return *windowOf(desktop_.state->aboutController).findChild<AboutView*>(); }
-
-    QImage drawnOver(Qt::GlobalColor ground) const
-    {
-        QImage image((QSizeF(view().size()) * scale()).toSize(), QImage::Format_ARGB32_Premultiplied);
-        image.setDevicePixelRatio(scale());
-        image.fill(ground);
-        view().render(&image, {}, {}, QWidget::DrawChildren);
-        return image;
-    }
-    /// White on black in both schemes.
-    MeasuredPicture ink() const
-    {
-        QImage image = drawnOver(isDark() ? Qt::black : Qt::white);
-        if (!isDark())
-            image.invertPixels();
-        return MeasuredPicture(image);
-    }
-    /// Shows what has the scheme's ground colour.
-    MeasuredPicture fills() const
-    {
-        QImage image = drawnOver(isDark() ? Qt::white : Qt::black);
-        if (isDark())
-            image.invertPixels();
-        return MeasuredPicture(image);
-    }
-
-    /// What whole pixels cost.
-    double tolerance() const { return 0.6 / scale() + (scale() == std::floor(scale()) ? 0 : 0.3); }
-
-    void expectLine(const MeasuredPicture& picture, const Line& line, int ground = 0) const
-    {
-        SCOPED_TRACE(line.start);
-        const double width = MeasuringFont::advance * line.size * static_cast<double>(line.start.size());
-        constexpr double margin = 2;
-        const MeasuredText measured =
-            measuredText(picture, {picture.pixels(line.left - margin), picture.pixels(line.left + width)},
-                         {picture.pixels(line.top - margin), picture.pixels(line.top + line.size + margin)},
-                         ground, line.start);
-        EXPECT_NEAR(picture.points(measured.columns.start), line.left, tolerance());
-        EXPECT_NEAR(picture.points(measured.rows.start), line.top, tolerance());
-        EXPECT_NEAR(measured.size, line.size, 0.5);
-        EXPECT_NEAR(measured.weight, line.weight, 20 + 30 / scale());
-        EXPECT_NEAR(measured.opacity, opacity(line.ink), 0.006);
-    }
-
-    MeasuringFont font_;
-    PanelDesktop desktop_;
 };
 
 /// The radius of a corner that passes the diagonal at that inset.

@@ -7,9 +7,7 @@
 
 #include <gtest/gtest.h>
 
-#include "Measures/MeasuredText.h"
-#include "Measures/MeasuringFont.h"
-#include "Support/PanelDesktop.h"
+#include "Measures/WindowMeasures.h"
 #include "Windows/SecondaryWindowController.h"
 #include "Windows/SettingsView.h"
 
@@ -17,13 +15,6 @@ namespace tessel::test {
 
 namespace {
 
-/// The design's colours, as opacities of white in the dark scheme and of black in the light one.
-struct Ink {
-    double dark;
-    double light;
-};
-constexpr Ink primary = {1, 0.85};
-constexpr Ink secondary = {0.75, 0.65};
 constexpr double outlineOpacity = 0.08;
 
 // Places in the design, in points from the root's corner. A line of the measuring font is as high as its
@@ -58,18 +49,9 @@ constexpr double tintCardBottom = tintCaption + 2 * caption + cardPadding;
 constexpr double closeHeight = 12 + 2 * 6;
 constexpr double bar = 500 - 18 - closeHeight;
 
-struct Line {
-    std::string start; ///< Its first letters: the measuring font is wide.
-    double left;
-    double top;
-    double size;
-    double weight;
-    Ink ink;
-};
-
 /// The settings, opened in the other colour scheme: they follow the desktop. The accent colour is that of the
 /// texts.
-class SettingsMeasures : public testing::TestWithParam<std::tuple<double, ColorScheme>> {
+class SettingsMeasures : public WindowMeasures {
 protected:
     SettingsMeasures()
     {
@@ -81,11 +63,7 @@ protected:
         runMainLoop();
     }
 
-    double scale() const { return std::get<0>(GetParam()); }
-    ColorScheme scheme() const { return std::get<1>(GetParam()); }
-    bool isDark() const { return scheme() == ColorScheme::dark; }
-    double opacity(const Ink& ink) const { return isDark() ? ink.dark : ink.light; }
-
+    QWidget& root() const override { return view(); }
     SettingsView& view() const
     {
         return *dynamic_cast<SecondaryWindowController&>(*desktop_.state->settingsController)
@@ -93,54 +71,11 @@ protected:
                     .findChild<SettingsView*>();
     }
 
-    QImage drawnOver(Qt::GlobalColor ground) const
-    {
-        QImage image((QSizeF(view().size()) * scale()).toSize(), QImage::Format_ARGB32_Premultiplied);
-        image.setDevicePixelRatio(scale());
-        image.fill(ground);
-        view().render(&image, {}, {}, QWidget::DrawChildren);
-        return image;
-    }
-    /// White on black in both schemes.
-    MeasuredPicture ink() const
-    {
-        QImage image = drawnOver(isDark() ? Qt::black : Qt::white);
-        if (!isDark())
-            image.invertPixels();
-        return MeasuredPicture(image);
-    }
-    /// Shows what has the scheme's ground colour.
-    MeasuredPicture fills() const
-    {
-        QImage image = drawnOver(isDark() ? Qt::white : Qt::black);
-        if (isDark())
-            image.invertPixels();
-        return MeasuredPicture(image);
-    }
-
-    /// What whole pixels cost, in points.
-    double tolerance() const { return 0.6 / scale() + (scale() == std::floor(scale()) ? 0 : 0.3); }
-    static double widthOf(const std::string& text, double size)
-    {
-        return MeasuringFont::advance * size * static_cast<double>(text.size());
-    }
-
     void expectLine(const MeasuredPicture& picture, const Line& line, int ground = 0) const
     {
-        SCOPED_TRACE(line.start);
-        constexpr double margin = 2;
         // A caption's next line begins where it ends.
-        const double marginBelow = line.size == caption && line.left == contentLeft ? 0 : margin;
-        const MeasuredText measured = measuredText(
-            picture,
-            {picture.pixels(line.left - margin), picture.pixels(line.left + widthOf(line.start, line.size))},
-            {picture.pixels(line.top - margin), picture.pixels(line.top + line.size + marginBelow)}, ground,
-            line.start);
-        EXPECT_NEAR(picture.points(measured.columns.start), line.left, tolerance());
-        EXPECT_NEAR(picture.points(measured.rows.start), line.top, tolerance());
-        EXPECT_NEAR(measured.size, line.size, 0.5);
-        EXPECT_NEAR(measured.weight, line.weight, 20 + 30 / scale());
-        EXPECT_NEAR(measured.opacity, opacity(line.ink), 0.006);
+        const bool isCaption = line.size == caption && line.left == contentLeft;
+        WindowMeasures::expectLine(picture, line, ground, isCaption ? 0 : marginAround);
     }
     /// A text that ends at the cards' content.
     void expectValue(const MeasuredPicture& picture, const std::string& text, double top, double size,
@@ -175,9 +110,6 @@ protected:
         const double inset = picture.cornerInset(picture.pixels(left), picture.pixels(top), 0, edge);
         EXPECT_NEAR(picture.points(inset) / (1 - std::numbers::sqrt2 / 2), 11, 0.5 + 1.5 / scale());
     }
-
-    MeasuringFont font_;
-    PanelDesktop desktop_;
 };
 
 } // namespace
