@@ -75,6 +75,7 @@ struct Backend::Parts {
     std::shared_ptr<X11Pasteboard> pasteboard;
     X11Room x11;
     Platform platform;
+    JSONDefaultsStore rememberedState{JSONDefaultsStore::statePath()};
     TerminationSignals terminationSignals;
 };
 
@@ -97,6 +98,11 @@ NativeWindows& Backend::nativeWindows()
 Appearance& Backend::appearance()
 {
     return parts_->appearance;
+}
+
+DefaultsStore& Backend::rememberedState()
+{
+    return parts_->rememberedState;
 }
 
 void Backend::noteStartupID(std::string_view startupID)

@@ -33,6 +33,9 @@ public:
     const Platform& platform() const;
     NativeWindows& nativeWindows();
     Appearance& appearance();
+    /// What the program remembers of its own doings from one run to the next; none of it is a setting, and
+    /// nothing of it was copied.
+    DefaultsStore& rememberedState();
 
     /// Takes note of the user's action that led to a request from outside; see `RemoteRequest::startupID`.
     void noteStartupID(std::string_view startupID);

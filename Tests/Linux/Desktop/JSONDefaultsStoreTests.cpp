@@ -225,5 +225,19 @@ TEST_F(JSONDefaultsStoreTest, NoThreadStaysBehindAWrite)
     waitForStored("number", 2);
 }
 
+TEST(JSONDefaultsStorePathTest, StateLiesInItsOwnDirectoryAndRelativeOnesDoNotCount)
+{
+    const QByteArray before = qgetenv("XDG_STATE_HOME");
+    qputenv("XDG_STATE_HOME", "/somewhere/state");
+    EXPECT_EQ(JSONDefaultsStore::statePath(), "/somewhere/state/tessel-clipboard/state.json");
+    const QString standard = QDir::homePath() + "/.local/state/tessel-clipboard/state.json";
+    qputenv("XDG_STATE_HOME", "state");
+    EXPECT_EQ(JSONDefaultsStore::statePath(), standard);
+    qunsetenv("XDG_STATE_HOME");
+    EXPECT_EQ(JSONDefaultsStore::statePath(), standard);
+    if (!before.isNull())
+        qputenv("XDG_STATE_HOME", before);
+}
+
 } // namespace
 } // namespace tessel

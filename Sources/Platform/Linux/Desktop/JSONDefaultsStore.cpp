@@ -1,5 +1,6 @@
 #include "Desktop/JSONDefaultsStore.h"
 
+#include <QtCore/QDir>
 #include <QtCore/QFile>
 #include <QtCore/QFileInfo>
 #include <QtCore/QJsonDocument>
@@ -68,6 +69,15 @@ QString JSONDefaultsStore::standardPath()
 {
     return QStandardPaths::writableLocation(QStandardPaths::GenericConfigLocation) +
            QStringLiteral("/tessel-clipboard/settings.json");
+}
+
+QString JSONDefaultsStore::statePath()
+{
+    // The toolkit knows this directory from version 6.7 on.
+    QString directory = qEnvironmentVariable("XDG_STATE_HOME");
+    if (!QDir::isAbsolutePath(directory))
+        directory = QDir::homePath() + QStringLiteral("/.local/state");
+    return directory + QStringLiteral("/tessel-clipboard/state.json");
 }
 
 JSONDefaultsStore::JSONDefaultsStore(const QString& path, WriteFile writeFile)

@@ -23,6 +23,9 @@ class JSONDefaultsStore final : public DefaultsStore {
 public:
     /// `settings.json` in the program's directory below `$XDG_CONFIG_HOME` (XDG Base Directory).
     static QString standardPath();
+    /// `state.json` in the program's directory below `$XDG_STATE_HOME`: what the program remembers of its own
+    /// doings and nobody sets.
+    static QString statePath();
 
     /// Replaces the file's content; called on the thread that writes.
     using WriteFile = std::function<void(const QString& path, const QByteArray& content)>;
