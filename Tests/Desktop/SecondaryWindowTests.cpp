@@ -108,15 +108,7 @@ TEST_P(EitherWindowTest, IsMovedByItsBackgroundAsFarAsThePointer)
     pointer.press();
     for (int gone = 0; gone <= way; gone += 4)
         pointer.moveTo({grip.x + gone, grip.y - gone});
-    // A window manager that takes over sees the pointer from then on only.
-    desktop_.connection().waitUntil("the window to be as far as the pointer", [&] {
-        const Frame moved = {start.x + way, start.y - way, start.width, start.height};
-        if (subject().find().value().frame == moved)
-            return true;
-        pointer.moveTo({grip.x + way, grip.y - way + 1});
-        pointer.moveTo({grip.x + way, grip.y - way});
-        return false;
-    });
+    subject().waitForFrame({start.x + way, start.y - way, start.width, start.height});
     pointer.release();
 }
 

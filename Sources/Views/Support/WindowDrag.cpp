@@ -1,9 +1,6 @@
 #include "Support/WindowDrag.h"
 
-#include <utility>
-
 #include <QtGui/QMouseEvent>
-#include <QtGui/QWindow>
 #include <QtWidgets/QApplication>
 #include <QtWidgets/QWidget>
 
@@ -23,11 +20,8 @@ void WindowDrag::move(const QMouseEvent& event)
     const QPoint way = event.globalPosition().toPoint() - start_->pointer;
     if (!start_->isDrag && way.manhattanLength() < QApplication::startDragDistance())
         return;
-    const bool beginsNow = !std::exchange(start_->isDrag, true);
+    start_->isDrag = true;
     window_.move(start_->window + way);
-    // The window manager moves windows best, and from here on; without one we do.
-    if (beginsNow && window_.windowHandle()->startSystemMove())
-        start_.reset();
 }
 
 } // namespace tessel

@@ -9,7 +9,9 @@ class QWidget;
 
 namespace tessel {
 
-/// Moves a window by its background: with the left button, from where no view has taken the press.
+/// Moves a window by its background: with the left button, from where no view has taken the press. It is we
+/// who move it. A window manager asked to (`_NET_WM_MOVERESIZE`, EWMH) is told by the toolkit where the
+/// pointer went last and not where the press was, and the window would stay behind by as much.
 class WindowDrag {
 public:
     /// `window` must outlive this object.
