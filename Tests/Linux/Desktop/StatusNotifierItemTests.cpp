@@ -12,6 +12,8 @@
 #include <QtGui/QGuiApplication>
 
 #include <csignal>
+#include <filesystem>
+#include <fstream>
 #include <limits>
 #include <memory>
 #include <optional>
@@ -354,6 +356,26 @@ TEST_F(StatusNotifierItemTest, DrawsItsIconForThePanelsColour)
     EXPECT_EQ(reader_->pixmaps().front().pixels.front(), 0x80ffffffU);
 }
 
+TEST_F(StatusNotifierItemTest, NamesItsIconWhereMenuBarsPaintItInTheirOwnColour)
+{
+    showAndRead();
+    qputenv("XDG_DATA_HOME", directory_.path().c_str());
+    const auto name = [this](const char* desktop) {
+        qputenv("XDG_CURRENT_DESKTOP", desktop);
+        return reader_->properties().value(QStringLiteral("IconName")).toString().toStdString();
+    };
+    EXPECT_EQ(name("XFCE"), "") << "it is not installed";
+    const auto icons = directory_.path() / "icons/hicolor/symbolic/apps";
+    std::filesystem::create_directories(icons);
+    const std::string installed = "org.tesselclipboard.TesselClipboard-symbolic";
+    std::ofstream(icons / (installed + ".svg")) << "<svg/>";
+    EXPECT_EQ(name("XFCE"), installed);
+    EXPECT_EQ(name("ubuntu:GNOME"), installed);
+    EXPECT_EQ(name("LXQt"), "");
+    EXPECT_EQ(name(""), "");
+    EXPECT_FALSE(reader_->pixmaps().empty()) << "for hosts that do not find it";
+}
+
 TEST_F(StatusNotifierItemTest, OpensItsMenuWhereAHostLeavesThatToUs)
 {
     showAndRead();
@@ -620,8 +642,8 @@ TEST_F(StatusNotifierItemTest, IsTypedAsTheInterfacesAre)
     EXPECT_THAT(describedMembers(description, QStringLiteral("org.kde.StatusNotifierItem")),
                 testing::UnorderedElementsAre(
                     "Category read s", "Id read s", "Title read s", "Status read s", "WindowId read i",
-                    "IconName read s", "IconPixmap read a(iiay)", "OverlayIconName read s",
-                    "OverlayIconPixmap read a(iiay)", "AttentionIconName read s",
+                    "IconName read s", "IconThemePath read s", "IconPixmap read a(iiay)",
+                    "OverlayIconName read s", "OverlayIconPixmap read a(iiay)", "AttentionIconName read s",
                     "AttentionIconPixmap read a(iiay)", "AttentionMovieName read s",
                     "ToolTip read (sa(iiay)ss)", "ItemIsMenu read b", "Menu read o", "Activate i i",
                     "ContextMenu i i", "SecondaryActivate i i", "Scroll i s", "NewIcon"));

@@ -7,6 +7,7 @@
 #include <functional>
 
 #include "Desktop/StatusNotifier/StatusPixmap.h"
+#include "Desktop/StatusNotifier/ThemedStatusIcon.h"
 
 namespace tessel {
 
@@ -20,7 +21,8 @@ class StatusNotifierItemAdaptor final : public QDBusAbstractAdaptor {
     Q_PROPERTY(QString Title READ title CONSTANT)
     Q_PROPERTY(QString Status READ status CONSTANT)
     Q_PROPERTY(int WindowId READ windowIdentifier CONSTANT)
-    Q_PROPERTY(QString IconName READ noName CONSTANT)
+    Q_PROPERTY(QString IconName READ iconName)
+    Q_PROPERTY(QString IconThemePath READ noName CONSTANT)
     Q_PROPERTY(tessel::StatusPixmaps IconPixmap READ iconPixmap)
     Q_PROPERTY(QString OverlayIconName READ noName CONSTANT)
     Q_PROPERTY(tessel::StatusPixmaps OverlayIconPixmap READ noPixmap CONSTANT)
@@ -65,6 +67,7 @@ private:
     static StatusPixmaps noPixmap() { return {}; }
     static bool itemIsMenu() { return true; }
     QString title() const { return contents_.title; }
+    static QString iconName() { return themedStatusIcon(); }
     StatusPixmaps iconPixmap() const { return contents_.drawIcon(); }
     StatusToolTip toolTip() const { return {contents_.title}; }
     QDBusObjectPath menu() const { return contents_.menu; }
