@@ -14,12 +14,18 @@ namespace {
 const QString itemInterface = QStringLiteral("org.kde.StatusNotifierItem");
 const QString menuInterface = QStringLiteral("com.canonical.dbusmenu");
 const QString propertiesInterface = QStringLiteral("org.freedesktop.DBus.Properties");
+const QString eventMethod = QStringLiteral("Event");
 constexpr int patience = 60'000; // Milliseconds.
 
 QVariantMap firstMap(const QDBusMessage& reply)
 {
     return reply.arguments().isEmpty() ? QVariantMap()
                                        : qdbus_cast<QVariantMap>(reply.arguments().constFirst());
+}
+
+QVariantList eventArguments(int id, const QString& name)
+{
+    return {id, name, QVariant::fromValue(QDBusVariant(0)), 0U};
 }
 
 ReadPixmap readPixmap(const QDBusArgument& argument)
@@ -89,9 +95,16 @@ const ReadMenuEntry* StatusItemReader::entry(const QString& label) const
     return nullptr;
 }
 
+QDBusPendingCall StatusItemReader::beginClick(int id)
+{
+    return bus_.asyncCall(
+        callOf(menuPath_, menuInterface, eventMethod, eventArguments(id, QStringLiteral("clicked"))),
+        patience);
+}
+
 QDBusMessage StatusItemReader::sendEvent(int id, const QString& name)
 {
-    return callMenu(QStringLiteral("Event"), {id, name, QVariant::fromValue(QDBusVariant(0)), 0U});
+    return callMenu(eventMethod, eventArguments(id, name));
 }
 
 QDBusMessage StatusItemReader::callMenu(const QString& method, const QVariantList& arguments)
@@ -107,9 +120,15 @@ QVariantMap StatusItemReader::menuProperties()
 QDBusMessage StatusItemReader::call(const QString& path, const QString& interfaceName, const QString& method,
                                     const QVariantList& arguments)
 {
+    return bus_.call(callOf(path, interfaceName, method, arguments), QDBus::BlockWithGui, patience);
+}
+
+QDBusMessage StatusItemReader::callOf(const QString& path, const QString& interfaceName,
+                                      const QString& method, const QVariantList& arguments) const
+{
     QDBusMessage message = QDBusMessage::createMethodCall(item_.service, path, interfaceName, method);
     message.setArguments(arguments);
-    return bus_.call(message, QDBus::BlockWithGui, patience);
+    return message;
 }
 
 ReadMenuEntry StatusItemReader::readLayout(const QDBusArgument& argument)

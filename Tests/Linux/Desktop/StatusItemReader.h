@@ -6,6 +6,7 @@
 #include <QtDBus/QDBusArgument>
 #include <QtDBus/QDBusConnection>
 #include <QtDBus/QDBusMessage>
+#include <QtDBus/QDBusPendingCall>
 
 #include <cstdint>
 #include <vector>
@@ -58,6 +59,8 @@ public:
     std::uint32_t revision() const { return revision_; }
     /// Sends what a host sends when an entry is clicked.
     QDBusMessage click(int id) { return sendEvent(id, QStringLiteral("clicked")); }
+    /// The same without waiting for the answer.
+    QDBusPendingCall beginClick(int id);
     QDBusMessage sendEvent(int id, const QString& name);
     /// Calls a method of `com.canonical.dbusmenu`.
     QDBusMessage callMenu(const QString& method, const QVariantList& arguments = {});
@@ -83,6 +86,8 @@ private slots:
     void propertiesDidChange(const QDBusMessage& message);
 
 private:
+    QDBusMessage callOf(const QString& path, const QString& interfaceName, const QString& method,
+                        const QVariantList& arguments) const;
     void readMenu();
     void apply(int id, const QVariantMap& changed);
 

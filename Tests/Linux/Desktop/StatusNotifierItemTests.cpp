@@ -148,7 +148,12 @@ protected:
             numbers.push_back(entry.id);
         return numbers;
     }
-    int numberOf(const char* label) const { return reader_->entry(QString::fromUtf8(label))->id; }
+    /// A number that no entry has where there is no such label.
+    int numberOf(const char* label) const
+    {
+        const ReadMenuEntry* entry = reader_->entry(QString::fromUtf8(label));
+        return entry == nullptr ? -1 : entry->id;
+    }
 
     /// What a method of the menu answers; the signature of its arguments, or the name of its error.
     std::string answer(const QDBusMessage& message) const
@@ -409,6 +414,22 @@ TEST_F(StatusNotifierItemTest, DoesWhatWasClicked)
     EXPECT_EQ(reply.type(), QDBusMessage::ReplyMessage);
     EXPECT_TRUE(runUntil([this] { return log_.size() == 2; }));
     EXPECT_THAT(log_, ElementsAre("acts", "quit"));
+}
+
+TEST_F(StatusNotifierItemTest, AnswersAClickBeforeItDoesWhatWasChosen)
+{
+    showAndRead();
+    std::optional<QDBusPendingCall> click;
+    std::optional<bool> wasAnswered;
+    auto next = rows("Cmd + Shift + V");
+    next.back().chosen = [&] {
+        click->waitForFinished();
+        wasAnswered = !click->isError();
+    };
+    item_->setMenu(std::move(next));
+    click = reader_->beginClick(numberOf("Quit"));
+    ASSERT_TRUE(runUntil([&] { return wasAnswered.has_value(); }));
+    EXPECT_TRUE(*wasAnswered);
 }
 
 TEST_F(StatusNotifierItemTest, DoesNothingAtOtherEvents)

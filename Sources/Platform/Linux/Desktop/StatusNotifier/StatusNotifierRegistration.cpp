@@ -34,6 +34,7 @@ StatusNotifierRegistration::StatusNotifierRegistration(const QDBusConnection& bu
 {
     names_.setConnection(bus_);
     names_.addWatchedService(watcherService);
+    // The end of the bus is the end of each name on it; the toolkit tells that, too.
     connect(&names_, &QDBusServiceWatcher::serviceOwnerChanged, this,
             [this](const QString& /*name*/, const QString& /*oldOwner*/, const QString& newOwner) {
                 watcherDidChange(newOwner);
@@ -43,9 +44,6 @@ StatusNotifierRegistration::StatusNotifierRegistration(const QDBusConnection& bu
     for (const auto& change :
          {QStringLiteral("StatusNotifierHostRegistered"), QStringLiteral("StatusNotifierHostUnregistered")})
         bus_.connect(anySender, watcherPath, watcherInterface, change, this, SLOT(hostsDidChange()));
-    bus_.connect(anySender, QStringLiteral("/org/freedesktop/DBus/Local"),
-                 QStringLiteral("org.freedesktop.DBus.Local"), QStringLiteral("Disconnected"), this,
-                 SLOT(busDidGo()));
     registerItem();
     askForHost();
 }
@@ -67,12 +65,6 @@ void StatusNotifierRegistration::hostsDidChange()
     askForHost();
     if (!isRegistered_ && !registration_)
         registerItem();
-}
-
-void StatusNotifierRegistration::busDidGo()
-{
-    forgetWatcher();
-    update();
 }
 
 void StatusNotifierRegistration::registerItem()

@@ -28,7 +28,6 @@ signals:
 
 private slots:
     void hostsDidChange();
-    void busDidGo();
 
 private:
     using Answer = std::unique_ptr<QDBusPendingCallWatcher>;
