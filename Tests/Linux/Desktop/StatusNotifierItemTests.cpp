@@ -282,6 +282,7 @@ TEST_F(StatusNotifierItemTest, IsNeverShownWithoutABus)
     alone.setMenu(rows("Cmd + Shift + V"));
     alone.show({"Clipboard", {}, {}, {}});
     alone.setMenu({});
+    QCoreApplication::processEvents();
     EXPECT_FALSE(alone.isShown());
 }
 

@@ -34,9 +34,6 @@ StatusNotifierItem::~StatusNotifierItem()
 
 void StatusNotifierItem::show(StatusItemDescription description)
 {
-    if (!surroundings_.bus.isConnected())
-        return;
-
     const Appearance& appearance = surroundings_.appearance;
     const auto drawIcon = [&appearance, draw = std::move(description.drawIcon)] {
         StatusPixmaps pixmaps;
