@@ -60,7 +60,8 @@ private:
         while (!condition()) {
             QEventLoop loop;
             QObject::connect(source, signal, &loop, &QEventLoop::quit);
-            loop.exec();
+            if (loop.exec() < 0)
+                return; // The program is to end.
         }
     }
 
