@@ -12,6 +12,7 @@
 #include "Desktop/OpenSSLDigest.h"
 #include "Desktop/QtMainQueue.h"
 #include "Desktop/SessionBusControl.h"
+#include "Desktop/StatusNotifier/StatusNotifierItem.h"
 #include "Desktop/SystemClock.h"
 #include "Desktop/TerminationSignals.h"
 #include "X11/Selections/X11Pasteboard.h"
@@ -75,6 +76,12 @@ struct Backend::Parts {
     std::shared_ptr<X11Pasteboard> pasteboard;
     X11Room x11;
     Platform platform;
+    StatusNotifierItem statusItem{{
+        .bus = QDBusConnection::sessionBus(),
+        .appearance = appearance,
+        .pointOfPixel = X11Screens::pointOfPixel,
+        .userDidAct = [userTime = x11.userTime] { userTime->noteStartupIdentifier({}); },
+    }};
     JSONDefaultsStore rememberedState{JSONDefaultsStore::statePath()};
     TerminationSignals terminationSignals;
 };
@@ -98,6 +105,11 @@ NativeWindows& Backend::nativeWindows()
 Appearance& Backend::appearance()
 {
     return parts_->appearance;
+}
+
+StatusItem& Backend::statusItem()
+{
+    return parts_->statusItem;
 }
 
 DefaultsStore& Backend::rememberedState()

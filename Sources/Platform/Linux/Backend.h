@@ -9,6 +9,7 @@
 #include "NativeWindows.h"
 #include "Platform.h"
 #include "RemoteControl.h"
+#include "StatusItem.h"
 
 namespace tessel {
 
@@ -33,6 +34,8 @@ public:
     const Platform& platform() const;
     NativeWindows& nativeWindows();
     Appearance& appearance();
+    /// The application's item in menu bars that take it over the session bus.
+    StatusItem& statusItem();
     /// What the program remembers of its own doings from one run to the next; none of it is a setting, and
     /// nothing of it was copied.
     DefaultsStore& rememberedState();

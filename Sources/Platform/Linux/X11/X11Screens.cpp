@@ -67,15 +67,21 @@ std::optional<Screen> X11Screens::mainScreen() const
 
 Point X11Screens::mouseLocation() const
 {
-    const auto origin = screenSpace::originOfSeam();
-    if (!origin || !connection_->isAlive())
+    if (!connection_->isAlive())
         return {};
     const auto pointer = connection_->wait(xcb_query_pointer_reply,
                                            xcb_query_pointer(connection_->raw(), connection_->root()));
     if (!pointer)
         return {};
-    const QPointF point = toToolkitPoint(pointer->root_x, pointer->root_y, toolkitScreens(),
-                                         layoutOf(*QGuiApplication::primaryScreen()));
+    return pointOfPixel(pointer->root_x, pointer->root_y);
+}
+
+Point X11Screens::pointOfPixel(double x, double y)
+{
+    const auto origin = screenSpace::originOfSeam();
+    if (!origin)
+        return {};
+    const QPointF point = toToolkitPoint(x, y, toolkitScreens(), layoutOf(*QGuiApplication::primaryScreen()));
     return screenSpace::toSeam(point, *origin);
 }
 

@@ -22,6 +22,9 @@ public:
     /// One round trip.
     Point mouseLocation() const override;
 
+    /// A location in pixels of the root window, as the screen there has it in points.
+    static Point pointOfPixel(double x, double y);
+
 private:
     std::shared_ptr<X11Connection> connection_;
     DockStruts struts_;
