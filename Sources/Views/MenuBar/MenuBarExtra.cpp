@@ -4,7 +4,6 @@
 
 #include "AppState.h"
 #include "MenuBar/MenuBarIcon.h"
-#include "MenuBar/MenuBarMenu.h"
 #include "MenuBar/MenuBarRows.h"
 #include "Panel/PanelGeometry.h"
 #include "ScreenSpace.h"

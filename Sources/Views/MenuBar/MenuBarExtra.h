@@ -10,13 +10,13 @@
 
 #include "Geometry.h"
 #include "HotKey/HotKeyPreset.h"
+#include "MenuBar/MenuBarMenu.h"
 #include "StatusItem.h"
 #include "Token.h"
 
 namespace tessel {
 
 class AppState;
-class MenuBarMenu;
 class Screens;
 class WindowTheme;
 
