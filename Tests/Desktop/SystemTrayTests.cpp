@@ -158,10 +158,13 @@ TEST_F(SystemTrayTest, ClearHistoryEmptiesTheListOfAnOpenPanelWithItsPins)
     copyTexts({"A", "B"});
     program_->openPanel();
     desktop_.keyboard().chord({XKB_KEY_Control_L}, XKB_KEY_p);
-    program_->panel().waitForHeight(Panel::heightFor(2));
+    program_->waitUntilItHasRead();
+    const Picture before = program_->panel().picture();
     choose(clearHistory);
-    program_->panel().waitForHeight(Panel::heightFor(0));
+    waitUntilMenuIsClosed();
+    program_->panel().waitUntilItDiffersFrom(before);
     program_->closePanel();
+    expectEntryCount(0);
 }
 
 TEST_F(SystemTrayTest, RowsOpenTheSettingsAndTheAboutWindow)

@@ -2,6 +2,7 @@
 
 #include <QtGui/QColor>
 #include <QtGui/QImage>
+#include <QtGui/QPainter>
 
 #include <algorithm>
 #include <array>
@@ -41,9 +42,38 @@ Fitting fitting(int pixels)
     return best.side < pixels * enough ? Fitting{designs.front(), pixels} : best;
 }
 
-QColor symbolColor(ColorScheme panel)
+const QColor bright(242, 242, 243);
+const QColor dark(38, 38, 40);
+
+/// The symbol with an edge of one pixel in the other colour. On the panel that it is drawn for nobody sees
+/// the edge; on another one, since not every panel tells what it looks like, it keeps the symbol from
+/// vanishing.
+QImage symbolWithEdge(const Design& design, int side, ColorScheme panel)
 {
-    return panel == ColorScheme::dark ? QColor(242, 242, 243) : QColor(38, 38, 40);
+    constexpr double edgeOpacity = 0.7;
+    const auto draw = [&](const QColor& color) {
+        return renderedSymbol(QString::fromStdString(std::string(menuBarSymbolName) + design.suffix),
+                              QSizeF(side, side), color, 1);
+    };
+    const bool isDark = panel == ColorScheme::dark;
+    const QImage edge = draw(isDark ? dark : bright);
+    QImage around(edge.size(), QImage::Format_ARGB32_Premultiplied);
+    around.fill(Qt::transparent);
+    QPainter painter(&around);
+    for (const int y : {-1, 0, 1}) {
+        for (const int x : {-1, 0, 1})
+            painter.drawImage(x, y, edge);
+    }
+    painter.end();
+    QImage picture(edge.size(), QImage::Format_ARGB32_Premultiplied);
+    picture.fill(Qt::transparent);
+    painter.begin(&picture);
+    painter.setOpacity(edgeOpacity);
+    painter.drawImage(0, 0, around);
+    painter.setOpacity(1);
+    painter.drawImage(0, 0, draw(isDark ? bright : dark));
+    painter.end();
+    return picture.convertToFormat(QImage::Format_ARGB32);
 }
 
 } // namespace
@@ -53,10 +83,7 @@ StatusIcon menuBarIcon(int pixels, ColorScheme panel)
     if (pixels <= 0)
         return {};
     const auto [design, side] = fitting(pixels);
-    const QImage symbol =
-        renderedSymbol(QString::fromStdString(std::string(menuBarSymbolName) + design.suffix),
-                       QSizeF(side, side), symbolColor(panel), 1)
-            .convertToFormat(QImage::Format_ARGB32);
+    const QImage symbol = symbolWithEdge(design, side, panel);
     const int margin = (pixels - side) / 2;
     StatusIcon icon = {pixels, std::vector<std::uint32_t>(static_cast<std::size_t>(pixels) *
                                                           static_cast<std::size_t>(pixels))};

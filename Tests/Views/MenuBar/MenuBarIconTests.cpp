@@ -20,11 +20,18 @@ std::uint32_t greenOf(std::uint32_t pixel)
     return pixel >> 8 & 0xFF;
 }
 
-/// Of the pixels with anything on them, those that are covered wholly.
+/// Of a symbol for a bright panel, apart from its bright edge.
+bool isInk(std::uint32_t pixel)
+{
+    return alphaOf(pixel) > 0 && greenOf(pixel) < 128;
+}
+
+/// Of the pixels with any of the symbol on them, those that are covered wholly.
 double sharpness(const StatusIcon& icon)
 {
-    const auto inked = std::ranges::count_if(icon.pixels, [](auto pixel) { return alphaOf(pixel) > 0; });
-    const auto full = std::ranges::count_if(icon.pixels, [](auto pixel) { return alphaOf(pixel) == 255; });
+    const auto inked = std::ranges::count_if(icon.pixels, isInk);
+    const auto full = std::ranges::count_if(
+        icon.pixels, [](auto pixel) { return alphaOf(pixel) == 255 && greenOf(pixel) < 50; });
     return static_cast<double>(full) / static_cast<double>(inked);
 }
 
@@ -52,7 +59,7 @@ TEST_P(MenuBarIconSize, IsInTheMiddle)
     int bottom = 0;
     for (int y = 0; y < icon.size; ++y) {
         for (int x = 0; x < icon.size; ++x) {
-            if (alphaOf(icon.pixels[static_cast<std::size_t>(y * icon.size + x)]) == 0)
+            if (!isInk(icon.pixels[static_cast<std::size_t>(y * icon.size + x)]))
                 continue;
             left = std::min(left, x);
             right = std::max(right, x);
@@ -76,6 +83,13 @@ TEST(MenuBarIcon, FillsAPanelOfAnySize)
             << pixels;
     }
     EXPECT_EQ(menuBarIcon(0, ColorScheme::light).size, 0);
+}
+
+TEST(MenuBarIcon, IsSeenOnAPanelOfTheOtherKindToo)
+{
+    const StatusIcon icon = menuBarIcon(22, ColorScheme::light);
+    EXPECT_TRUE(std::ranges::any_of(icon.pixels,
+                                    [](auto pixel) { return alphaOf(pixel) > 150 && greenOf(pixel) > 230; }));
 }
 
 TEST(MenuBarIcon, IsBrightOnADarkPanelAndDarkOnABrightOne)

@@ -18,8 +18,8 @@ namespace {
 
 using namespace std::chrono_literals;
 
-/// Pixels, until the tray says otherwise.
-constexpr std::uint16_t usualExtent = 24;
+/// Pixels, until the tray says otherwise, and the least that it is asked for: some give what is asked for.
+constexpr std::uint16_t usualExtent = 22;
 /// Pixels; no tray has larger icons.
 constexpr int largestIcon = 256;
 constexpr auto compositorPatience = 1s;
@@ -122,6 +122,13 @@ void TrayIcon::describeWindow(const std::string& title)
     setBytes(XCB_ATOM_WM_NAME, atoms.utf8String, title);
     setBytes(atoms.netWindowName, atoms.utf8String, title);
     setUnits(atoms.netWindowProcess, XCB_ATOM_CARDINAL, std::array{static_cast<std::uint32_t>(getpid())});
+    // ICCCM section 4.1.2.3, as far as the least extent: flags, four fields of old, width and height.
+    std::array<std::uint32_t, 18> sizeHints{};
+    constexpr std::uint32_t hasLeastExtent = 1U << 4;
+    sizeHints[0] = hasLeastExtent;
+    sizeHints[5] = usualExtent;
+    sizeHints[6] = usualExtent;
+    setUnits(XCB_ATOM_WM_NORMAL_HINTS, XCB_ATOM_WM_SIZE_HINTS, sizeHints);
     // The version of XEmbed, and that the icon is to be mapped.
     setUnits(atoms.embeddingInfo, atoms.embeddingInfo, std::array<std::uint32_t, 2>{0, 1});
 }
