@@ -50,7 +50,7 @@ const QColor dark(38, 38, 40);
 /// vanishing.
 QImage symbolWithEdge(const Design& design, int side, ColorScheme panel)
 {
-    constexpr double edgeOpacity = 0.7;
+    constexpr double edgeOpacity = 0.9;
     const auto draw = [&](const QColor& color) {
         return renderedSymbol(QString::fromStdString(std::string(menuBarSymbolName) + design.suffix),
                               QSizeF(side, side), color, 1);
