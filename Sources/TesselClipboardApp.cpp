@@ -13,6 +13,7 @@
 #include "Backend.h"
 #include "CommandLine.h"
 #include "History/ImageFingerprint.h"
+#include "MenuBar/MenuBarExtra.h"
 #include "Panel/PanelFactory.h"
 #include "Support/Translations.h"
 #include "Windows/SecondaryWindows.h"
@@ -38,6 +39,7 @@ public:
     {
         backend_.noteStartupID(startupID);
         appState_ = AppState::create(backend_.platform(), windowFactory());
+        menuBarExtra_.emplace(*appState_, backend_.statusItem(), windowTheme_, *backend_.platform().screens);
     }
 
     void obey(const RemoteRequest& request)
@@ -77,6 +79,7 @@ private:
     Backend backend_;
     WindowTheme windowTheme_;
     std::shared_ptr<AppState> appState_;
+    std::optional<MenuBarExtra> menuBarExtra_;
 };
 
 /// Asks the running program for what the command line wants. None: there is no running program, and this

@@ -5,7 +5,7 @@
     <name>AccessibleHistoryRow</name>
     <message>
         <source>%1, pinned, %2</source>
-        <extracomment>An entry's kind and the time at which it was copied.</extracomment>
+        <extracomment>An entry&apos;s kind and the time at which it was copied.</extracomment>
         <translation>%1, angeheftet, %2</translation>
     </message>
     <message>
@@ -38,6 +38,38 @@
     <message>
         <source>Infinity</source>
         <translation>Unbegrenzt</translation>
+    </message>
+    <message>
+        <source>Clipboard</source>
+        <translation>Zwischenablage</translation>
+    </message>
+    <message>
+        <source>Tessel Clipboard</source>
+        <translation>Tessel Clipboard</translation>
+    </message>
+    <message>
+        <source>Open History</source>
+        <translation>Verlauf öffnen</translation>
+    </message>
+    <message>
+        <source>Clear history</source>
+        <translation>Verlauf leeren</translation>
+    </message>
+    <message>
+        <source>Settings</source>
+        <translation>Einstellungen</translation>
+    </message>
+    <message>
+        <source>Check for Updates...</source>
+        <translation>Nach Aktualisierungen suchen …</translation>
+    </message>
+    <message>
+        <source>About</source>
+        <translation>Über</translation>
+    </message>
+    <message>
+        <source>Quit</source>
+        <translation>Beenden</translation>
     </message>
 </context>
 <context>

@@ -15,7 +15,9 @@
 #include "Desktop/StatusNotifier/StatusNotifierItem.h"
 #include "Desktop/SystemClock.h"
 #include "Desktop/TerminationSignals.h"
+#include "StatusItemWithFallback.h"
 #include "X11/Selections/X11Pasteboard.h"
+#include "X11/TrayStatusItem.h"
 #include "X11/X11Room.h"
 
 namespace tessel {
@@ -76,12 +78,15 @@ struct Backend::Parts {
     std::shared_ptr<X11Pasteboard> pasteboard;
     X11Room x11;
     Platform platform;
-    StatusNotifierItem statusItem{{
+    StatusNotifierItem notifierItem{{
         .bus = QDBusConnection::sessionBus(),
         .appearance = appearance,
         .pointOfPixel = X11Screens::pointOfPixel,
         .userDidAct = [userTime = x11.userTime] { userTime->noteStartupIdentifier({}); },
     }};
+    StatusItemWithFallback statusItem{
+        notifierItem, [this] { return std::make_unique<TrayStatusItem>(x11.connection, x11.userTime); },
+        *queue};
     JSONDefaultsStore rememberedState{JSONDefaultsStore::statePath()};
     TerminationSignals terminationSignals;
 };

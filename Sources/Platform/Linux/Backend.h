@@ -34,7 +34,7 @@ public:
     const Platform& platform() const;
     NativeWindows& nativeWindows();
     Appearance& appearance();
-    /// The application's item in menu bars that take it over the session bus.
+    /// The application's item in a menu bar that takes it over the session bus, else in a system tray of X11.
     StatusItem& statusItem();
     /// What the program remembers of its own doings from one run to the next; none of it is a setting, and
     /// nothing of it was copied.

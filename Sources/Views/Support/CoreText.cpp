@@ -17,6 +17,14 @@ namespace {
     QT_TRANSLATE_NOOP("Core", "Ctrl + Shift + V"),
     QT_TRANSLATE_NOOP("Core", "Cmd + Option + V"),
     QT_TRANSLATE_NOOP("Core", "Infinity"),
+    QT_TRANSLATE_NOOP("Core", "Clipboard"),
+    QT_TRANSLATE_NOOP("Core", "Tessel Clipboard"),
+    QT_TRANSLATE_NOOP("Core", "Open History"),
+    QT_TRANSLATE_NOOP("Core", "Clear history"),
+    QT_TRANSLATE_NOOP("Core", "Settings"),
+    QT_TRANSLATE_NOOP("Core", "Check for Updates..."),
+    QT_TRANSLATE_NOOP("Core", "About"),
+    QT_TRANSLATE_NOOP("Core", "Quit"),
 };
 
 } // namespace

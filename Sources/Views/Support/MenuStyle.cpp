@@ -18,8 +18,9 @@ constexpr double cornerRadius = 9;
 constexpr double outlineWidth = 1;
 constexpr int margin = 5;
 constexpr int itemHeight = 24;
-constexpr int itemPadding = 10;
+constexpr int textPadding = 10;
 constexpr int minimumItemWidth = 120;
+constexpr int separatorHeight = 11;
 constexpr double itemCornerRadius = 5;
 constexpr int checkMarkInset = 5;
 constexpr int checkMarkSide = 12;
@@ -32,7 +33,7 @@ bool isCheckable(const QStyleOptionMenuItem& item)
 
 int textInsetOf(const QStyleOptionMenuItem& item)
 {
-    return isCheckable(item) ? MenuStyle::textInset() : itemPadding;
+    return isCheckable(item) ? MenuStyle::textInset() : textPadding;
 }
 
 } // namespace
@@ -57,6 +58,11 @@ void MenuStyle::apply(QMenu& menu, const Card& card)
 int MenuStyle::textInset()
 {
     return checkMarkInset + checkMarkSide + checkMarkSpacing;
+}
+
+int MenuStyle::itemPadding()
+{
+    return textPadding;
 }
 
 int MenuStyle::pixelMetric(PixelMetric metric, const QStyleOption* option, const QWidget* widget) const
@@ -91,8 +97,10 @@ QSize MenuStyle::sizeFromContents(ContentsType type, const QStyleOption* option,
     const auto* item = qstyleoption_cast<const QStyleOptionMenuItem*>(option);
     if (type != CT_MenuItem || item == nullptr)
         return QProxyStyle::sizeFromContents(type, option, contentsSize, widget);
+    if (item->menuItemType == QStyleOptionMenuItem::Separator)
+        return {minimumItemWidth, separatorHeight};
     const int textWidth = item->fontMetrics.horizontalAdvance(item->text);
-    return {std::max(textInsetOf(*item) + textWidth + itemPadding, minimumItemWidth), itemHeight};
+    return {std::max(textInsetOf(*item) + textWidth + textPadding, minimumItemWidth), itemHeight};
 }
 
 void MenuStyle::drawPrimitive(PrimitiveElement element, const QStyleOption* option, QPainter* painter,
@@ -110,6 +118,8 @@ void MenuStyle::drawControl(ControlElement element, const QStyleOption* option, 
     if (element == CE_MenuEmptyArea)
         return;
     const auto* item = qstyleoption_cast<const QStyleOptionMenuItem*>(option);
+    if (element == CE_MenuItem && item != nullptr && item->menuItemType == QStyleOptionMenuItem::Separator)
+        return drawSeparator(*painter, item->rect);
     if (element == CE_MenuItem && item != nullptr)
         return drawItem(*painter, *item);
     QProxyStyle::drawControl(element, option, painter, widget);
@@ -125,6 +135,13 @@ void MenuStyle::drawCard(QPainter& painter, const QRect& rectangle) const
         continuousRoundedRectangle(QRectF(rectangle).adjusted(half, half, -half, -half), cornerRadius - half),
         QPen(card_.outline, outlineWidth));
     painter.restore();
+}
+
+void MenuStyle::drawSeparator(QPainter& painter, const QRect& rectangle) const
+{
+    const QRect line(rectangle.left() + textPadding, rectangle.center().y(),
+                     rectangle.width() - 2 * textPadding, 1);
+    painter.fillRect(line, card_.outline);
 }
 
 void MenuStyle::drawItem(QPainter& painter, const QStyleOptionMenuItem& item) const
@@ -148,7 +165,7 @@ void MenuStyle::drawItem(QPainter& painter, const QStyleOptionMenuItem& item) co
     painter.setFont(item.font);
     const Qt::Alignment alignment = Qt::AlignVCenter | visualAlignment(item.direction, Qt::AlignLeft);
     painter.drawText(
-        visualRect(item.direction, item.rect, item.rect.adjusted(textInsetOf(item), 0, -itemPadding, 0)),
+        visualRect(item.direction, item.rect, item.rect.adjusted(textInsetOf(item), 0, -textPadding, 0)),
         static_cast<int>(alignment) | Qt::TextSingleLine, item.text);
     painter.restore();
 }

@@ -9,7 +9,8 @@ class QStyleOptionMenuItem;
 namespace tessel {
 
 /// Draws a menu on a rounded card, whatever the desktop's style. The colours of its items are those of their
-/// palettes: text, highlight and highlighted text. An item that is checked has a check mark before it.
+/// palettes: text, highlight and highlighted text. An item that is checked has a check mark before it. A
+/// separator is a line like the card's outline.
 class MenuStyle : public QProxyStyle {
     Q_OBJECT
 
@@ -24,6 +25,8 @@ public:
     static void apply(QMenu& menu, const Card& card);
     /// The distance from the start of a checkable item to its text, in points.
     static int textInset();
+    /// The distance from either end of an item to its text, in points.
+    static int itemPadding();
 
     int pixelMetric(PixelMetric metric, const QStyleOption* option, const QWidget* widget) const override;
     int styleHint(StyleHint hint, const QStyleOption* option, const QWidget* widget,
@@ -39,6 +42,7 @@ private:
     explicit MenuStyle(const Card& card);
 
     void drawCard(QPainter& painter, const QRect& rectangle) const;
+    void drawSeparator(QPainter& painter, const QRect& rectangle) const;
     void drawItem(QPainter& painter, const QStyleOptionMenuItem& item) const;
 
     Card card_;

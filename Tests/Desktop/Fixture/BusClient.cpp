@@ -54,6 +54,15 @@ bool BusClient::nameHasOwner(const std::string& name)
     return dbus_bus_name_has_owner(connection_, name.c_str(), &error.value) != 0;
 }
 
+void BusClient::ownName(const std::string& name)
+{
+    Error error;
+    const int result =
+        dbus_bus_request_name(connection_, name.c_str(), DBUS_NAME_FLAG_DO_NOT_QUEUE, &error.value);
+    if (result != DBUS_REQUEST_NAME_REPLY_PRIMARY_OWNER)
+        throw DesktopFailure("another has the name " + name);
+}
+
 std::optional<pid_t> BusClient::processOf(const std::string& name)
 {
     const Message call(dbus_message_new_method_call(DBUS_SERVICE_DBUS, DBUS_PATH_DBUS, DBUS_INTERFACE_DBUS,

@@ -19,6 +19,8 @@ public:
     BusClient& operator=(const BusClient&) = delete;
 
     bool nameHasOwner(const std::string& name);
+    /// Takes a name, and never answers what is asked there. Throws `DesktopFailure` where another has it.
+    void ownName(const std::string& name);
     /// The process that owns a name; none if nobody does.
     std::optional<pid_t> processOf(const std::string& name);
     /// Asks an object for its properties, and returns whether any answer came until the deadline. Programs

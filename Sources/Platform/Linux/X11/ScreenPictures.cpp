@@ -2,7 +2,6 @@
 
 #include <algorithm>
 #include <array>
-#include <bit>
 #include <cstring>
 #include <string_view>
 #include <utility>
@@ -17,30 +16,12 @@ namespace {
 
 constexpr std::uint8_t pictureDepth = 32;
 
-/// The colours of `ScreenPicture` are whole units of this machine's byte order.
-bool hasOurByteOrder(xcb_connection_t* connection)
-{
-    const bool isLittle = xcb_get_setup(connection)->image_byte_order == XCB_IMAGE_ORDER_LSB_FIRST;
-    return isLittle == (std::endian::native == std::endian::little);
-}
-
-bool hasPlacesOfScreenPicture(const xcb_render_pictforminfo_t& format)
-{
-    constexpr std::uint16_t byte = 0xFF;
-    const xcb_render_directformat_t& places = format.direct;
-    return format.type == XCB_RENDER_PICT_TYPE_DIRECT && format.depth == pictureDepth &&
-           places.alpha_mask == byte && places.alpha_shift == 24 && places.red_mask == byte &&
-           places.red_shift == 16 && places.green_mask == byte && places.green_shift == 8 &&
-           places.blue_mask == byte && places.blue_shift == 0;
-}
-
 /// One picture on its way: the requests that make it are sent at once, and the answer is read later.
 class PictureInTheMaking {
 public:
     struct Formats {
-        xcb_render_pictformat_t screen;
-        std::uint8_t screenDepth;
-        xcb_render_pictformat_t picture;
+        PictureFormat screen;
+        PictureFormat picture;
     };
 
     PictureInTheMaking(X11Connection& connection, const Formats& formats, const QRect& rectangle,
@@ -87,8 +68,8 @@ private:
     /// What windows show belongs to the picture, and not only what the root window has behind them.
     void copyFromScreen(const QRect& rectangle)
     {
-        pixmap_ = makePixmap(formats_.screenDepth, extent_);
-        format_ = formats_.screen;
+        pixmap_ = makePixmap(formats_.screen.depth, extent_);
+        format_ = formats_.screen.id;
         const auto context = xcb_generate_id(raw_);
         constexpr std::array<std::uint32_t, 2> values = {XCB_SUBWINDOW_MODE_INCLUDE_INFERIORS, 0};
         xcb_create_gc(raw_, context, pixmap_, XCB_GC_SUBWINDOW_MODE | XCB_GC_GRAPHICS_EXPOSURES,
@@ -116,14 +97,14 @@ private:
             extent_ = {(extent_.width() + 1) / 2, (extent_.height() + 1) / 2};
         }
         const auto nextPixmap = makePixmap(pictureDepth, extent_);
-        const auto target = makePicture(nextPixmap, formats_.picture);
+        const auto target = makePicture(nextPixmap, formats_.picture.id);
         drawings_.push_back(xcb_render_composite_checked(
             raw_, XCB_RENDER_PICT_OP_SRC, source, XCB_NONE, target, 0, 0, 0, 0, 0, 0,
             static_cast<std::uint16_t>(extent_.width()), static_cast<std::uint16_t>(extent_.height())));
         xcb_render_free_picture(raw_, source);
         xcb_render_free_picture(raw_, target);
         xcb_free_pixmap(raw_, std::exchange(pixmap_, nextPixmap));
-        format_ = formats_.picture;
+        format_ = formats_.picture.id;
     }
 
     xcb_pixmap_t makePixmap(std::uint8_t depth, const QSize& extent)
@@ -179,26 +160,8 @@ void ScreenPictures::learnFormats()
 
 void ScreenPictures::findFormats(const xcb_render_query_pict_formats_reply_t& reply)
 {
-    const std::span formats(xcb_render_query_pict_formats_formats(&reply),
-                            static_cast<std::size_t>(xcb_render_query_pict_formats_formats_length(&reply)));
-    const auto found = std::find_if(formats.begin(), formats.end(), hasPlacesOfScreenPicture);
-    if (found != formats.end())
-        pictureFormat_ = found->id;
-    for (auto screens = xcb_render_query_pict_formats_screens_iterator(&reply); screens.rem > 0;
-         xcb_render_pictscreen_next(&screens)) {
-        for (auto depths = xcb_render_pictscreen_depths_iterator(screens.data); depths.rem > 0;
-             xcb_render_pictdepth_next(&depths)) {
-            const std::span visuals(
-                xcb_render_pictdepth_visuals(depths.data),
-                static_cast<std::size_t>(xcb_render_pictdepth_visuals_length(depths.data)));
-            for (const xcb_render_pictvisual_t& visual : visuals) {
-                if (visual.visual != connection_->rootVisual())
-                    continue;
-                screenFormat_ = visual.format;
-                screenDepth_ = depths.data->depth;
-            }
-        }
-    }
+    pictureFormat_ = formatOfColors(reply);
+    screenFormat_ = formatOfVisual(reply, connection_->rootVisual());
 }
 
 std::vector<ScreenPicture> ScreenPictures::take(QPoint origin, std::span<const ScreenPictureRequest> requests)
@@ -216,8 +179,7 @@ std::vector<ScreenPicture> ScreenPictures::take(QPoint origin, std::span<const S
             continue;
         const QPoint corner = rectangle.topLeft() - origin;
         pictures[index].rectangle = {corner.x(), corner.y(), rectangle.width(), rectangle.height()};
-        inTheMaking.emplace_back(index, PictureInTheMaking(*connection_,
-                                                           {screenFormat_, screenDepth_, pictureFormat_},
+        inTheMaking.emplace_back(index, PictureInTheMaking(*connection_, {screenFormat_, pictureFormat_},
                                                            rectangle, requests[index].reduction));
     }
     for (auto& [index, making] : inTheMaking) {

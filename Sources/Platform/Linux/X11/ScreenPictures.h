@@ -6,9 +6,9 @@
 #include <vector>
 
 #include <QtCore/QPoint>
-#include <xcb/render.h>
 
 #include "ScreenPicture.h"
+#include "X11/PictureFormats.h"
 #include "X11/X11Connection.h"
 
 namespace tessel {
@@ -28,14 +28,13 @@ public:
 
 private:
     void findFormats(const xcb_render_query_pict_formats_reply_t& reply);
-    bool canTake() const { return screenFormat_ != XCB_NONE && pictureFormat_ != XCB_NONE; }
+    bool canTake() const { return screenFormat_.id != XCB_NONE && pictureFormat_.id != XCB_NONE; }
 
     std::shared_ptr<X11Connection> connection_;
     std::optional<xcb_render_query_pict_formats_cookie_t> question_;
     /// Of the root window, and of 32 bits with the colours in the places that `ScreenPicture` has them.
-    xcb_render_pictformat_t screenFormat_ = XCB_NONE;
-    xcb_render_pictformat_t pictureFormat_ = XCB_NONE;
-    std::uint8_t screenDepth_ = 0;
+    PictureFormat screenFormat_;
+    PictureFormat pictureFormat_;
 };
 
 } // namespace tessel

@@ -11,7 +11,7 @@ namespace tessel {
 X11Atoms internAtoms(xcb_connection_t* connection, int screenNumber)
 {
     X11Atoms atoms;
-    const std::array<std::pair<xcb_atom_t*, std::string>, 24> names = {{
+    const std::array<std::pair<xcb_atom_t*, std::string>, 32> names = {{
         {&atoms.netActiveWindow, "_NET_ACTIVE_WINDOW"},
         {&atoms.netClientList, "_NET_CLIENT_LIST"},
         {&atoms.netSupported, "_NET_SUPPORTED"},
@@ -35,6 +35,14 @@ X11Atoms internAtoms(xcb_connection_t* connection, int screenNumber)
         {&atoms.motifWindowHints, "_MOTIF_WM_HINTS"},
         {&atoms.windowState, "WM_STATE"},
         {&atoms.timestampProbe, "TESSEL_TIMESTAMP"},
+        {&atoms.manager, "MANAGER"},
+        {&atoms.trayOpcode, "_NET_SYSTEM_TRAY_OPCODE"},
+        {&atoms.trayVisual, "_NET_SYSTEM_TRAY_VISUAL"},
+        {&atoms.trayColors, "_NET_SYSTEM_TRAY_COLORS"},
+        {&atoms.embeddingInfo, "_XEMBED_INFO"},
+        {&atoms.tray, "_NET_SYSTEM_TRAY_S" + std::to_string(screenNumber)},
+        {&atoms.netWindowName, "_NET_WM_NAME"},
+        {&atoms.utf8String, "UTF8_STRING"},
         {&atoms.compositingManager, "_NET_WM_CM_S" + std::to_string(screenNumber)},
     }};
     std::array<xcb_intern_atom_cookie_t, names.size()> cookies{};

@@ -33,6 +33,18 @@ struct X11Atoms {
     xcb_atom_t motifWindowHints = XCB_ATOM_NONE;
     xcb_atom_t windowState = XCB_ATOM_NONE;
     xcb_atom_t timestampProbe = XCB_ATOM_NONE;
+    /// @name The system tray (freedesktop.org System Tray Protocol) and what is embedded in it (XEmbed)
+    /// @{
+    xcb_atom_t manager = XCB_ATOM_NONE;
+    xcb_atom_t trayOpcode = XCB_ATOM_NONE;
+    xcb_atom_t trayVisual = XCB_ATOM_NONE;
+    xcb_atom_t trayColors = XCB_ATOM_NONE;
+    xcb_atom_t embeddingInfo = XCB_ATOM_NONE;
+    /// `_NET_SYSTEM_TRAY_Sn` of the connection's screen: the selection that a tray owns.
+    xcb_atom_t tray = XCB_ATOM_NONE;
+    /// @}
+    xcb_atom_t netWindowName = XCB_ATOM_NONE;
+    xcb_atom_t utf8String = XCB_ATOM_NONE;
     /// `_NET_WM_CM_Sn` of the connection's screen: the selection that a compositing manager owns.
     xcb_atom_t compositingManager = XCB_ATOM_NONE;
 };

@@ -1,0 +1,252 @@
+// The menu-bar extra in a system tray of X11, as a user finds it there: the icon, its menu, and what the rows
+// do.
+
+#include <algorithm>
+#include <cstdlib>
+#include <optional>
+
+#include "BusClient.h"
+#include "SecondaryWindowTest.h"
+#include "StatusNotifierHost.h"
+#include "SystemTray.h"
+
+namespace tessel::desktop {
+
+namespace {
+
+class SystemTrayTest : public SecondaryWindowTest {
+protected:
+    explicit SystemTrayTest(DesktopOptions options = {})
+        : SecondaryWindowTest(std::move(options))
+    {}
+
+    void SetUp() override
+    {
+        SecondaryWindowTest::SetUp();
+        startTray();
+    }
+    void startTray(const SystemTray::Look& look = {})
+    {
+        tray_.emplace(desktop_.displayName(), look);
+        tray_->awaitIcon();
+    }
+
+    Place iconPlace()
+    {
+        const Frame frame = tray_->iconFrame();
+        return {frame.x + frame.width / 2, frame.y + frame.height / 2};
+    }
+    /// The program's menu, which is no window of a window manager.
+    std::optional<WindowFacts> menu()
+    {
+        const auto isOfProgram = isViewableWindowOf(program_->process().pid());
+        return desktop_.windows().find([&](const WindowFacts& window) {
+            return isOfProgram(window) && isOverrideRedirect(window.window);
+        });
+    }
+    bool isOverrideRedirect(xcb_window_t window)
+    {
+        auto* connection = desktop_.connection().get();
+        const auto attributes = own(xcb_get_window_attributes_reply(
+            connection, xcb_get_window_attributes(connection, window), nullptr));
+        return attributes && attributes->override_redirect != 0;
+    }
+    /// Clicks the icon, and waits until keys are the menu's.
+    WindowFacts openMenu(PointerButton button = PointerButton::left)
+    {
+        desktop_.pointer().moveTo(iconPlace());
+        desktop_.pointer().click(button);
+        std::optional<WindowFacts> facts;
+        desktop_.connection().waitUntil("the menu with the keyboard", [&] {
+            facts = menu();
+            return facts && desktop_.keyboard().isGrabbed();
+        });
+        return facts.value();
+    }
+    void waitUntilMenuIsClosed()
+    {
+        desktop_.connection().waitUntil("the menu to be closed",
+                                        [&] { return !menu() && !desktop_.keyboard().isGrabbed(); });
+    }
+    /// Chooses the row that is `row` rows below the first that can be chosen.
+    void choose(int row)
+    {
+        openMenu();
+        for (int press = 0; press <= row; ++press)
+            desktop_.keyboard().tap(XKB_KEY_Down);
+        desktop_.keyboard().tap(XKB_KEY_Return);
+    }
+    /// The greatest difference between the icon and the panel it is on, 0 to 255.
+    int iconContrast(const Colour& panel)
+    {
+        int greatest = 0;
+        for (const Colour& colour : desktop_.pixels().read(tray_->iconFrame()).pixels)
+            greatest = std::max(greatest, std::abs(colour[1] - panel[1]));
+        return greatest;
+    }
+    void waitForContrast(const Colour& panel)
+    {
+        constexpr int wellSeen = 150;
+        desktop_.connection().waitUntil("an icon that can be seen",
+                                        [&] { return iconContrast(panel) > wellSeen; });
+    }
+
+    static constexpr int openHistory = 0;
+    static constexpr int clearHistory = 1;
+    static constexpr int openSettingsWindow = 2;
+    static constexpr int openAboutWindow = 4;
+    static constexpr int quit = 5;
+    static constexpr Colour white{235, 235, 235};
+    static constexpr Colour black{30, 30, 30};
+
+    std::optional<SystemTray> tray_;
+};
+
+TEST_F(SystemTrayTest, AnIconComesToATrayThatComesLaterAndToEachAfterIt)
+{
+    EXPECT_EQ(tray_->iconTitle(), "Clipboard");
+    tray_.reset();
+    startTray();
+    EXPECT_EQ(tray_->requestCount(), 1);
+    openMenu();
+}
+
+TEST_F(SystemTrayTest, AnIconComesToATrayThatWasThereBefore)
+{
+    restartProgram();
+    tray_->awaitIcon();
+    openMenu();
+}
+
+TEST_F(SystemTrayTest, APressOfTheLeftButtonOpensTheMenuAndTheNextOneClosesIt)
+{
+    const WindowFacts facts = openMenu();
+    EXPECT_GE(facts.frame.width, 240);
+    desktop_.pointer().click();
+    waitUntilMenuIsClosed();
+    program_->waitUntilItHasRead();
+    EXPECT_FALSE(menu());
+}
+
+TEST_F(SystemTrayTest, APressOfTheRightButtonOpensTheMenuToo)
+{
+    openMenu(PointerButton::right);
+    desktop_.keyboard().tap(XKB_KEY_Escape);
+    waitUntilMenuIsClosed();
+}
+
+TEST_F(SystemTrayTest, AClickElsewhereClosesTheMenu)
+{
+    openMenu();
+    desktop_.pointer().moveTo({900, 900});
+    desktop_.pointer().click();
+    waitUntilMenuIsClosed();
+}
+
+TEST_F(SystemTrayTest, OpenHistoryPastesIntoTheApplicationInFrontBeforeTheClick)
+{
+    copyTexts({"chosen from the tray"});
+    TextClient editor(desktop_, TextClientKind::gtk);
+    choose(openHistory);
+    program_->panel().waitUntilOpen();
+    desktop_.keyboard().tap(XKB_KEY_Return);
+    expectPastedOnce(editor, "chosen from the tray");
+}
+
+TEST_F(SystemTrayTest, ClearHistoryEmptiesTheListOfAnOpenPanelWithItsPins)
+{
+    copyTexts({"A", "B"});
+    program_->openPanel();
+    desktop_.keyboard().chord({XKB_KEY_Control_L}, XKB_KEY_p);
+    program_->waitUntilItHasRead();
+    const Picture before = program_->panel().picture();
+    choose(clearHistory);
+    waitUntilMenuIsClosed();
+    program_->panel().waitUntilItDiffersFrom(before);
+    program_->closePanel();
+    expectEntryCount(0);
+}
+
+TEST_F(SystemTrayTest, RowsOpenTheSettingsAndTheAboutWindow)
+{
+    choose(openSettingsWindow);
+    settings().waitUntilOpen();
+    choose(openAboutWindow);
+    about().waitUntilOpen();
+}
+
+TEST_F(SystemTrayTest, QuitEndsTheProgramWell)
+{
+    choose(quit);
+    const auto status = program_->process().waitForExit();
+    EXPECT_TRUE(status.succeeded()) << status.description();
+    program_.reset();
+    tray_->awaitNoIcon();
+}
+
+TEST_F(SystemTrayTest, TheIconGoesWhenAMenuBarOfTheSessionBusShowsItAndReturnsAfterIt)
+{
+    StatusNotifierHost host(desktop_);
+    host.start();
+    host.awaitItem();
+    tray_->awaitNoIcon();
+    host.stop();
+    tray_->awaitIcon();
+}
+
+TEST_F(SystemTrayTest, NoIconComesWhereAMenuBarOfTheSessionBusShowsIt)
+{
+    endProgram();
+    tray_.emplace(desktop_.displayName());
+    StatusNotifierHost host(desktop_);
+    host.start();
+    program_.emplace(desktop_);
+    host.awaitItem();
+    letTheProgramTick();
+    EXPECT_EQ(tray_->requestCount(), 0);
+}
+
+TEST_F(SystemTrayTest, TheIconIsSeenOnABrightPanelAndOnADarkOne)
+{
+    waitForContrast(white);
+    startTray({.panel = black});
+    waitForContrast(black);
+}
+
+TEST_F(SystemTrayTest, TheIconHasTheColourThatTheTrayNames)
+{
+    // It says that its icons are dark, whatever the panel looks like.
+    constexpr Colour grey{140, 140, 140};
+    startTray({.panel = grey, .icons = black});
+    desktop_.connection().waitUntil("a dark icon", [&] {
+        const Picture icon = desktop_.pixels().read(tray_->iconFrame());
+        return std::ranges::any_of(icon.pixels, [](const Colour& colour) { return colour[1] < 60; });
+    });
+}
+
+TEST_F(SystemTrayTest, TheIconFollowsThePanelWhenThePointerComes)
+{
+    waitForContrast(white);
+    tray_->paintPanel(black);
+    desktop_.pointer().moveTo(iconPlace());
+    waitForContrast(black);
+}
+
+TEST_F(SystemTrayTest, AMenuBarThatNeverAnswersHoldsNothingUp)
+{
+    endProgram();
+    BusClient silent(desktop_.busAddress());
+    silent.ownName("org.kde.StatusNotifierWatcher");
+    program_.emplace(desktop_);
+    tray_.reset();
+    startTray();
+    openMenu();
+    desktop_.keyboard().tap(XKB_KEY_Escape);
+    waitUntilMenuIsClosed();
+    program_->openPanel();
+    program_->closePanel();
+}
+
+} // namespace
+
+} // namespace tessel::desktop
