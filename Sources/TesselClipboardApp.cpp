@@ -5,6 +5,7 @@
 
 #include <cstdio>
 #include <cstdlib>
+#include <functional>
 #include <memory>
 #include <optional>
 #include <string_view>
@@ -50,6 +51,9 @@ public:
         case RemoteCommand::toggleHistory:
             appState_->togglePanel();
             break;
+        case RemoteCommand::clearHistory:
+            appState_->clearHistory();
+            break;
         case RemoteCommand::settings:
             appState_->showSettingsWindow();
             break;
@@ -88,9 +92,31 @@ std::optional<int> passOn(RemoteControl& remote, const RemoteRequest& request)
         return EXIT_SUCCESS;
     if (delivery == Delivery::noChannel)
         return complain("cannot be reached: there is no session bus (DBUS_SESSION_BUS_ADDRESS).");
-    if (request.command == RemoteCommand::quit)
+    if (delivery == Delivery::noAnswer)
+        return complain("is running, but does not answer.");
+    const bool isForARunningOne =
+        request.command == RemoteCommand::quit || request.command == RemoteCommand::clearHistory;
+    if (isForARunningOne)
         return complain("is not running.");
     return std::nullopt;
+}
+
+/// Claims to be the one running program, or passes the request on to it. None: this process is the one.
+std::optional<int> claimOrPassOn(RemoteControl& remote, const RemoteRequest& request,
+                                 const std::function<void(const RemoteRequest&)>& handler)
+{
+    // The other one may end between the claim and the request. A third time is no coincidence.
+    constexpr int attempts = 3;
+    for (int attempt = 0; attempt < attempts; ++attempt) {
+        const Claim claim = remote.claim(handler);
+        if (claim == Claim::noChannel)
+            complain("has no session bus: a second start and the options cannot reach this process.");
+        if (claim != Claim::takenByAnother)
+            return std::nullopt;
+        if (const auto status = passOn(remote, request))
+            return status;
+    }
+    return complain("cannot be started: it runs already, and cannot be reached.");
 }
 
 int run(int& argumentCount, char** arguments, const CommandLine& line)
@@ -109,19 +135,18 @@ int run(int& argumentCount, char** arguments, const CommandLine& line)
     QApplication::setQuitOnLastWindowClosed(false);
     const QApplication application(argumentCount, arguments);
     QApplication::setApplicationName(QStringLiteral("tessel-clipboard"));
+    QGuiApplication::setDesktopFileName(QStringLiteral("org.tesselclipboard.TesselClipboard"));
     QApplication::setApplicationVersion(QStringLiteral(TESSEL_VERSION));
 
     const Translations translations(QLocale::system().uiLanguages());
 
     std::optional<TesselClipboardApp> app;
-    const Claim claim = remote->claim([&app](const RemoteRequest& received) {
+    const auto obey = [&app](const RemoteRequest& received) {
         if (app)
             app->obey(received);
-    });
-    if (claim == Claim::takenByAnother)
-        return passOn(*remote, request).value_or(EXIT_FAILURE);
-    if (claim == Claim::noChannel)
-        complain("has no session bus: a second start and the options cannot reach this process.");
+    };
+    if (const auto status = claimOrPassOn(*remote, request, obey))
+        return *status;
 
     app.emplace(request.startupID);
     if (line.command)

@@ -3,6 +3,7 @@
 #include <QtCore/QtGlobal>
 #include <xcb/xcb.h>
 
+#include <array>
 #include <utility>
 
 #include "Desktop/AccessibilityStatus.h"
@@ -15,13 +16,15 @@
 #include "Desktop/SystemClock.h"
 #include "Desktop/TerminationSignals.h"
 #include "X11/Selections/X11Pasteboard.h"
+#include "X11/StartupNotification.h"
 #include "X11/X11Room.h"
 
 namespace tessel {
 
 namespace {
 
-constexpr const char* startupIDVariable = "DESKTOP_STARTUP_ID";
+/// Of the Startup Notification protocol, and of its successor, with which some launchers say the same.
+constexpr std::array startupIDVariables = {"DESKTOP_STARTUP_ID", "XDG_ACTIVATION_TOKEN"};
 
 std::shared_ptr<X11Pasteboard> makePasteboard(const std::shared_ptr<QtMainQueue>& queue,
                                               const std::shared_ptr<Digest>& digest, Backend::Rules& rules)
@@ -108,6 +111,7 @@ DefaultsStore& Backend::rememberedState()
 void Backend::noteStartupID(std::string_view startupID)
 {
     parts_->x11.userTime->noteStartupIdentifier(startupID);
+    completeStartup(*parts_->x11.connection, startupID);
 }
 
 std::unique_ptr<RemoteControl> makeRemoteControl()
@@ -117,8 +121,12 @@ std::unique_ptr<RemoteControl> makeRemoteControl()
 
 std::string takeStartupID()
 {
-    std::string startupID = qgetenv(startupIDVariable).toStdString();
-    qunsetenv(startupIDVariable);
+    std::string startupID;
+    for (const char* variable : startupIDVariables) {
+        if (startupID.empty())
+            startupID = qgetenv(variable).toStdString();
+        qunsetenv(variable);
+    }
     return startupID;
 }
 

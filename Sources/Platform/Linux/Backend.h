@@ -37,7 +37,8 @@ public:
     /// nothing of it was copied.
     DefaultsStore& rememberedState();
 
-    /// Takes note of the user's action that led to a request from outside; see `RemoteRequest::startupID`.
+    /// Takes note of the user's action that led to a request from outside, and tells the desktop that it was
+    /// heard; see `RemoteRequest::startupID`.
     void noteStartupID(std::string_view startupID);
 
 private:

@@ -37,7 +37,10 @@ protected:
         return {path("user"), {path("first"), path("second")}, {"Ubuntu", "GNOME"}, program_};
     }
     QString path(const QString& name) const { return directory_.filePath(name); }
-    QString entry(const QString& where) const { return path(where) + "/tessel-clipboard.desktop"; }
+    QString entry(const QString& where) const
+    {
+        return path(where) + "/org.tesselclipboard.TesselClipboard.desktop";
+    }
     void write(const QString& where, const QByteArray& content) const
     {
         QFile file(entry(where));

@@ -11,12 +11,14 @@ namespace tessel {
 X11Atoms internAtoms(xcb_connection_t* connection, int screenNumber)
 {
     X11Atoms atoms;
-    const std::array<std::pair<xcb_atom_t*, std::string>, 24> names = {{
+    const std::array<std::pair<xcb_atom_t*, std::string>, 26> names = {{
         {&atoms.netActiveWindow, "_NET_ACTIVE_WINDOW"},
         {&atoms.netClientList, "_NET_CLIENT_LIST"},
         {&atoms.netSupported, "_NET_SUPPORTED"},
         {&atoms.netSupportingWindowManagerCheck, "_NET_SUPPORTING_WM_CHECK"},
         {&atoms.netWorkArea, "_NET_WORKAREA"},
+        {&atoms.netStartupInfo, "_NET_STARTUP_INFO"},
+        {&atoms.netStartupInfoBegin, "_NET_STARTUP_INFO_BEGIN"},
         {&atoms.netWindowDesktop, "_NET_WM_DESKTOP"},
         {&atoms.netWindowProcess, "_NET_WM_PID"},
         {&atoms.netWindowState, "_NET_WM_STATE"},
