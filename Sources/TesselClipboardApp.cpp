@@ -121,6 +121,7 @@ std::optional<int> claimOrPassOn(RemoteControl& remote, const RemoteRequest& req
 
 int run(int& argumentCount, char** arguments, const CommandLine& line)
 {
+    keepMemoryToOurselves();
     const std::unique_ptr<RemoteControl> remote = makeRemoteControl();
     const RemoteRequest request = {line.command.value_or(RemoteCommand::openHistory), takeStartupID()};
     if (line.command) {

@@ -8,11 +8,13 @@
 
 #include "Desktop/AccessibilityStatus.h"
 #include "Desktop/AutostartLoginItem.h"
+#include "Desktop/CoreDumps.h"
 #include "Desktop/DesktopAppearance.h"
 #include "Desktop/JSONDefaultsStore.h"
 #include "Desktop/OpenSSLDigest.h"
 #include "Desktop/QtMainQueue.h"
 #include "Desktop/SessionBusControl.h"
+#include "Desktop/SessionEnd.h"
 #include "Desktop/SystemClock.h"
 #include "Desktop/TerminationSignals.h"
 #include "X11/Selections/X11Pasteboard.h"
@@ -51,6 +53,8 @@ struct Backend::Parts {
                   [pasteboard = pasteboard](std::function<void()> done) {
                       pasteboard->whenAvailable(std::move(done));
                   },
+              .beforeEnd = [pasteboard = pasteboard](
+                               std::function<void()> done) { pasteboard->handOn(std::move(done)); },
           }))
         , platform({
               .pasteboard = pasteboard,
@@ -69,6 +73,7 @@ struct Backend::Parts {
               .makeUpdater = {},
           })
         , terminationSignals([application = x11.application] { application->terminate(); })
+        , sessionEnd([application = x11.application] { application->terminate(); })
     {}
 
     AccessibilityStatus accessibilityStatus;
@@ -80,6 +85,7 @@ struct Backend::Parts {
     Platform platform;
     JSONDefaultsStore rememberedState{JSONDefaultsStore::statePath()};
     TerminationSignals terminationSignals;
+    SessionEnd sessionEnd;
 };
 
 Backend::Backend(Rules rules)
@@ -128,6 +134,11 @@ std::string takeStartupID()
         qunsetenv(variable);
     }
     return startupID;
+}
+
+void keepMemoryToOurselves()
+{
+    forbidCoreDumps();
 }
 
 bool displayIsAvailable()

@@ -53,6 +53,9 @@ std::unique_ptr<RemoteControl> makeRemoteControl();
 /// environment, so that no child process uses it again.
 std::string takeStartupID();
 
+/// From now on a crash of this process leaves no image of its memory behind.
+void keepMemoryToOurselves();
+
 /// True when there is a window system to connect to.
 bool displayIsAvailable();
 

@@ -57,6 +57,8 @@ public:
     const std::string& displayName() const { return display_->name(); }
     /// The address of the session bus; empty if there is none.
     std::string busAddress() const { return bus_ ? bus_->address() : std::string(); }
+    /// Ends the session bus, which there must be, at once.
+    void killBus() { bus_.value().kill(); }
     /// The process of the session bus, which there must be.
     pid_t busProcess() const { return bus_.value().pid(); }
     /// The process of the X server.

@@ -1,11 +1,13 @@
 #include "SessionBus.h"
 
+#include <csignal>
+
 namespace tessel::desktop {
 
 namespace {
 
-/// No service directories: a program under test gets no helper that the desktop does not have.
-std::string configuration(const std::filesystem::path& directory)
+/// No usual service directories: a program under test gets no helper that the desktop does not have.
+std::string configuration(const std::filesystem::path& directory, const std::filesystem::path& services)
 {
     return R"(<!DOCTYPE busconfig PUBLIC "-//freedesktop//DTD D-Bus Bus Configuration 1.0//EN"
  "http://www.freedesktop.org/standards/dbus/1.0/busconfig.dtd">
@@ -14,6 +16,8 @@ std::string configuration(const std::filesystem::path& directory)
   <keep_umask/>
   <listen>unix:dir=)" +
            directory.string() + R"(</listen>
+  <servicedir>)" +
+           services.string() + R"(</servicedir>
   <auth>EXTERNAL</auth>
   <policy context="default">
     <allow send_destination="*" eavesdrop="true"/>
@@ -24,17 +28,25 @@ std::string configuration(const std::filesystem::path& directory)
 )";
 }
 
-std::vector<std::string> daemonCommand(const TemporaryDirectory& directory)
+std::vector<std::string> daemonCommand(const TemporaryDirectory& directory,
+                                       const std::filesystem::path& services)
 {
-    const auto file = directory.write("session-bus.conf", configuration(directory.path()));
+    const auto file = directory.write("session-bus.conf", configuration(directory.path(), services));
     return {"dbus-daemon", "--config-file=" + file.string(), "--nofork", "--nopidfile", "--print-address=1"};
 }
 
 } // namespace
 
-SessionBus::SessionBus(const TemporaryDirectory& directory, const Environment& environment)
-    : daemon_(daemonCommand(directory), environment)
+SessionBus::SessionBus(const TemporaryDirectory& directory, const Environment& environment,
+                       const std::filesystem::path& services)
+    : daemon_(daemonCommand(directory, services), environment)
     , address_(daemon_.waitForLine("unix:"))
 {}
+
+void SessionBus::kill()
+{
+    daemon_.signal(SIGKILL);
+    daemon_.waitForExit();
+}
 
 } // namespace tessel::desktop

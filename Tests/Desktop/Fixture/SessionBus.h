@@ -7,15 +7,19 @@
 
 namespace tessel::desktop {
 
-/// A session bus of its own (dbus-daemon) that starts no services by itself.
+/// A session bus of its own (dbus-daemon). It starts no services but those of one directory.
 class SessionBus {
 public:
-    SessionBus(const TemporaryDirectory& directory, const Environment& environment);
+    /// `services` has the service files; it may be empty.
+    SessionBus(const TemporaryDirectory& directory, const Environment& environment,
+               const std::filesystem::path& services);
 
     /// The value for `DBUS_SESSION_BUS_ADDRESS`.
     const std::string& address() const { return address_; }
 
     pid_t pid() const { return daemon_.pid(); }
+    /// Ends it as a crash does, and returns when it is gone.
+    void kill();
 
 private:
     ChildProcess daemon_;
