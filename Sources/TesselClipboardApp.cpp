@@ -17,6 +17,8 @@
 #include "Panel/PanelFactory.h"
 #include "Support/Translations.h"
 #include "Windows/SecondaryWindows.h"
+#include "Windows/TrayNotice.h"
+#include "Windows/TrayNoticeView.h"
 #include "Windows/TrustPrompt.h"
 #include "Windows/WindowTheme.h"
 
@@ -39,6 +41,7 @@ public:
     {
         backend_.noteStartupID(startupID);
         appState_ = AppState::create(backend_.platform(), windowFactory());
+        trayNotice_.emplace(trayNoticeNeeds());
     }
 
     void obey(const RemoteRequest& request)
@@ -78,9 +81,21 @@ private:
                 .onboarding = onboardingFactory(needs)};
     }
 
+    TrayNotice::Needs trayNoticeNeeds()
+    {
+        const auto show = trayNoticeWindow(windowTheme_, [this] { appState_->showSettingsWindow(); });
+        return {.queue = backend_.platform().mainQueue,
+                .remembered = backend_.rememberedState(),
+                .isItemShown = [this] { return backend_.hasTray(); },
+                .isAnotherWindowOpen =
+                    [this] { return appState_->onboardingController || appState_->panelController; },
+                .show = [this, show] { show(*appState_->hotKeyPreset); }};
+    }
+
     Backend backend_;
     WindowTheme windowTheme_;
     std::shared_ptr<AppState> appState_;
+    std::optional<TrayNotice> trayNotice_;
 };
 
 /// Asks the running program for what the command line wants. None: there is no running program, and this

@@ -58,13 +58,28 @@ protected:
             throw DesktopFailure("the program does not run");
         return *process;
     }
-    void launch()
+    /// What a launcher has in its surroundings: it passes over entries whose program it does not find.
+    Environment launcherEnvironment() const
     {
-        // A launcher passes over entries whose program it does not find.
         Environment environment = desktop_.environment();
         environment["PATH"] = program().parent_path().string() + ":" + environment["PATH"];
-        const auto launched = runCommand({"gio", "launch", entry().string()}, environment);
+        return environment;
+    }
+    /// As a menu starts a program that the session bus can activate.
+    void launch()
+    {
+        const auto launched = runCommand({"gtk-launch", Program::busAddress().name}, launcherEnvironment());
         EXPECT_TRUE(launched.status.succeeded()) << launched.errorOutput;
+        desktop_.connection().waitUntil("the program to be activated",
+                                        [this] { return client_.nameHasOwner(Program::busAddress().name); });
+    }
+    /// As a launcher starts a program that does not look whether the session bus can.
+    void runCommandOfEntry()
+    {
+        // What is started inherits the output, so that only the launcher's end can be awaited, and outlives
+        // it outside of its process group.
+        ChildProcess launcher({"setsid", "--wait", "gio", "launch", entry().string()}, launcherEnvironment());
+        EXPECT_TRUE(launcher.waitForExit().succeeded());
     }
     void act(const std::string& action)
     {
@@ -111,6 +126,17 @@ TEST_F(InstallationTest, ALauncherStartsItWithItsHistoryAndReachesItAgain)
     panel.waitUntilClosed();
     launch();
     panel.waitUntilOpen();
+    EXPECT_EQ(runningProcess(), process);
+}
+
+TEST_F(InstallationTest, ALauncherThatRunsTheCommandStartsItAndReachesItAgain)
+{
+    runCommandOfEntry();
+    desktop_.connection().waitUntil("the program to be started",
+                                    [this] { return client_.nameHasOwner(Program::busAddress().name); });
+    const pid_t process = runningProcess();
+    runCommandOfEntry();
+    Panel(desktop_, process).waitUntilOpen();
     EXPECT_EQ(runningProcess(), process);
 }
 

@@ -114,6 +114,17 @@ DefaultsStore& Backend::rememberedState()
     return parts_->rememberedState;
 }
 
+bool Backend::hasTray() const
+{
+    X11Connection& connection = *parts_->x11.connection;
+    if (!connection.isAlive())
+        return false;
+    const auto owner =
+        connection.wait(xcb_get_selection_owner_reply,
+                        xcb_get_selection_owner(connection.raw(), connection.atoms().systemTray));
+    return owner && owner->owner != XCB_WINDOW_NONE;
+}
+
 void Backend::noteStartupID(std::string_view startupID)
 {
     parts_->x11.userTime->noteStartupIdentifier(startupID);

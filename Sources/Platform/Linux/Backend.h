@@ -37,6 +37,10 @@ public:
     /// nothing of it was copied.
     DefaultsStore& rememberedState();
 
+    /// Whether somebody has a tray for the icons of programs (freedesktop.org System Tray Protocol): one
+    /// round trip to the X server.
+    bool hasTray() const;
+
     /// Takes note of the user's action that led to a request from outside, and tells the desktop that it was
     /// heard; see `RemoteRequest::startupID`.
     void noteStartupID(std::string_view startupID);

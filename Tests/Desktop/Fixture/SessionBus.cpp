@@ -1,7 +1,5 @@
 #include "SessionBus.h"
 
-#include <csignal>
-
 namespace tessel::desktop {
 
 namespace {
@@ -42,11 +40,5 @@ SessionBus::SessionBus(const TemporaryDirectory& directory, const Environment& e
     : daemon_(daemonCommand(directory, services), environment)
     , address_(daemon_.waitForLine("unix:"))
 {}
-
-void SessionBus::kill()
-{
-    daemon_.signal(SIGKILL);
-    daemon_.waitForExit();
-}
 
 } // namespace tessel::desktop

@@ -19,7 +19,7 @@ public:
 
     pid_t pid() const { return daemon_.pid(); }
     /// Ends it as a crash does, and returns when it is gone.
-    void kill();
+    void kill() { daemon_.kill(); }
 
 private:
     ChildProcess daemon_;

@@ -11,7 +11,7 @@ namespace tessel {
 X11Atoms internAtoms(xcb_connection_t* connection, int screenNumber)
 {
     X11Atoms atoms;
-    const std::array<std::pair<xcb_atom_t*, std::string>, 26> names = {{
+    const std::array<std::pair<xcb_atom_t*, std::string>, 27> names = {{
         {&atoms.netActiveWindow, "_NET_ACTIVE_WINDOW"},
         {&atoms.netClientList, "_NET_CLIENT_LIST"},
         {&atoms.netSupported, "_NET_SUPPORTED"},
@@ -38,6 +38,7 @@ X11Atoms internAtoms(xcb_connection_t* connection, int screenNumber)
         {&atoms.windowState, "WM_STATE"},
         {&atoms.timestampProbe, "TESSEL_TIMESTAMP"},
         {&atoms.compositingManager, "_NET_WM_CM_S" + std::to_string(screenNumber)},
+        {&atoms.systemTray, "_NET_SYSTEM_TRAY_S" + std::to_string(screenNumber)},
     }};
     std::array<xcb_intern_atom_cookie_t, names.size()> cookies{};
     for (std::size_t index = 0; index < names.size(); ++index) {

@@ -37,6 +37,8 @@ struct X11Atoms {
     xcb_atom_t timestampProbe = XCB_ATOM_NONE;
     /// `_NET_WM_CM_Sn` of the connection's screen: the selection that a compositing manager owns.
     xcb_atom_t compositingManager = XCB_ATOM_NONE;
+    /// `_NET_SYSTEM_TRAY_Sn` of the connection's screen: the selection that a tray owns.
+    xcb_atom_t systemTray = XCB_ATOM_NONE;
 };
 
 /// Interns them all in one round trip. `screenNumber` is the number of the connection's screen.
