@@ -38,10 +38,6 @@ Environment makeEnvironment(const TemporaryDirectory& directory)
     return environment;
 }
 
-/// Where a user's own installations put what the session bus can start (D-Bus Specification, "Message Bus
-/// Starting Services").
-constexpr const char* userServices = "home/.local/share/dbus-1/services";
-
 } // namespace
 
 Desktop::Desktop(DesktopOptions options)
@@ -57,7 +53,7 @@ Desktop::Desktop(DesktopOptions options)
     display_.emplace(options_.screen, environment_, options_.server);
     environment_["DISPLAY"] = display_->name();
     if (options_.bus == BusChoice::sessionBus) {
-        bus_.emplace(directory_, environment_, directory_.makeDirectory(userServices));
+        bus_.emplace(directory_, environment_);
         environment_["DBUS_SESSION_BUS_ADDRESS"] = bus_->address();
     } else {
         environment_["DBUS_SESSION_BUS_ADDRESS"] = "unix:path=" + (directory_.path() / "no-bus").string();

@@ -26,18 +26,19 @@ std::string configuration(const std::filesystem::path& directory, const std::fil
 )";
 }
 
-std::vector<std::string> daemonCommand(const TemporaryDirectory& directory,
-                                       const std::filesystem::path& services)
+std::vector<std::string> daemonCommand(const TemporaryDirectory& directory)
 {
+    // Where a user's own installations put their services (D-Bus Specification, "Message Bus Starting
+    // Services").
+    const auto services = directory.makeDirectory("home/.local/share/dbus-1/services");
     const auto file = directory.write("session-bus.conf", configuration(directory.path(), services));
     return {"dbus-daemon", "--config-file=" + file.string(), "--nofork", "--nopidfile", "--print-address=1"};
 }
 
 } // namespace
 
-SessionBus::SessionBus(const TemporaryDirectory& directory, const Environment& environment,
-                       const std::filesystem::path& services)
-    : daemon_(daemonCommand(directory, services), environment)
+SessionBus::SessionBus(const TemporaryDirectory& directory, const Environment& environment)
+    : daemon_(daemonCommand(directory), environment)
     , address_(daemon_.waitForLine("unix:"))
 {}
 

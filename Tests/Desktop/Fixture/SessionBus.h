@@ -7,12 +7,11 @@
 
 namespace tessel::desktop {
 
-/// A session bus of its own (dbus-daemon). It starts no services but those of one directory.
+/// A session bus of its own (dbus-daemon). It starts no services but those that are installed for the user of
+/// the desktop: below `home/.local` of the directory.
 class SessionBus {
 public:
-    /// `services` has the service files; it may be empty.
-    SessionBus(const TemporaryDirectory& directory, const Environment& environment,
-               const std::filesystem::path& services);
+    SessionBus(const TemporaryDirectory& directory, const Environment& environment);
 
     /// The value for `DBUS_SESSION_BUS_ADDRESS`.
     const std::string& address() const { return address_; }

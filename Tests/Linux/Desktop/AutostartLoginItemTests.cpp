@@ -78,9 +78,9 @@ TEST_F(AutostartLoginItemTest, RegistersAndUnregisters)
 {
     EXPECT_TRUE(item().registerItem());
     EXPECT_TRUE(isEnabled());
-    EXPECT_EQ(
-        read("user"),
-        "[Desktop Entry]\nType=Application\nName=Tessel Clipboard\nExec=\"/bin/sh\"\nTryExec=/bin/sh\n");
+    EXPECT_EQ(read("user"),
+              "[Desktop Entry]\nType=Application\nName=Tessel Clipboard\nExec=\"/bin/sh\"\nTryExec=/bin/sh\n"
+              "Icon=org.tesselclipboard.TesselClipboard\n");
     EXPECT_TRUE(item().registerItem());
     EXPECT_TRUE(item().unregisterItem());
     EXPECT_FALSE(isEnabled());
