@@ -11,6 +11,8 @@ std::optional<CommandLine> lineForOption(std::string_view option)
         return CommandLine{Purpose::run, RemoteCommand::toggleHistory, {}};
     if (option == "--show")
         return CommandLine{Purpose::run, RemoteCommand::openHistory, {}};
+    if (option == "--clear")
+        return CommandLine{Purpose::run, RemoteCommand::clearHistory, {}};
     if (option == "--settings")
         return CommandLine{Purpose::run, RemoteCommand::settings, {}};
     if (option == "--about")
@@ -46,6 +48,7 @@ std::string_view helpText()
            "\n"
            "  --toggle    open the history, or close it when it is open\n"
            "  --show      open the history\n"
+           "  --clear     remove every entry from the history, pinned ones too\n"
            "  --settings  open the settings\n"
            "  --about     say what this program is, and its keys\n"
            "  --quit      end the running program\n"

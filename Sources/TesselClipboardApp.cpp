@@ -5,6 +5,7 @@
 
 #include <cstdio>
 #include <cstdlib>
+#include <functional>
 #include <memory>
 #include <optional>
 #include <string_view>
@@ -17,6 +18,8 @@
 #include "Panel/PanelFactory.h"
 #include "Support/Translations.h"
 #include "Windows/SecondaryWindows.h"
+#include "Windows/TrayNotice.h"
+#include "Windows/TrayNoticeView.h"
 #include "Windows/TrustPrompt.h"
 #include "Windows/WindowTheme.h"
 
@@ -40,6 +43,7 @@ public:
         backend_.noteStartupID(startupID);
         appState_ = AppState::create(backend_.platform(), windowFactory());
         menuBarExtra_.emplace(*appState_, backend_.statusItem(), windowTheme_, *backend_.platform().screens);
+        trayNotice_.emplace(trayNoticeNeeds());
     }
 
     void obey(const RemoteRequest& request)
@@ -51,6 +55,9 @@ public:
             break;
         case RemoteCommand::toggleHistory:
             appState_->togglePanel();
+            break;
+        case RemoteCommand::clearHistory:
+            appState_->clearHistory();
             break;
         case RemoteCommand::settings:
             appState_->showSettingsWindow();
@@ -76,10 +83,22 @@ private:
                 .onboarding = onboardingFactory(needs)};
     }
 
+    TrayNotice::Needs trayNoticeNeeds()
+    {
+        const auto show = trayNoticeWindow(windowTheme_, [this] { appState_->showSettingsWindow(); });
+        return {.queue = backend_.platform().mainQueue,
+                .remembered = backend_.rememberedState(),
+                .isItemShown = [this] { return backend_.statusItem().isShown(); },
+                .isAnotherWindowOpen =
+                    [this] { return appState_->onboardingController || appState_->panelController; },
+                .show = [this, show] { show(*appState_->hotKeyPreset); }};
+    }
+
     Backend backend_;
     WindowTheme windowTheme_;
     std::shared_ptr<AppState> appState_;
     std::optional<MenuBarExtra> menuBarExtra_;
+    std::optional<TrayNotice> trayNotice_;
 };
 
 /// Asks the running program for what the command line wants. None: there is no running program, and this
@@ -91,13 +110,36 @@ std::optional<int> passOn(RemoteControl& remote, const RemoteRequest& request)
         return EXIT_SUCCESS;
     if (delivery == Delivery::noChannel)
         return complain("cannot be reached: there is no session bus (DBUS_SESSION_BUS_ADDRESS).");
-    if (request.command == RemoteCommand::quit)
+    if (delivery == Delivery::noAnswer)
+        return complain("is running, but does not answer.");
+    const bool isForARunningOne =
+        request.command == RemoteCommand::quit || request.command == RemoteCommand::clearHistory;
+    if (isForARunningOne)
         return complain("is not running.");
     return std::nullopt;
 }
 
+/// Claims to be the one running program, or passes the request on to it. None: this process is the one.
+std::optional<int> claimOrPassOn(RemoteControl& remote, const RemoteRequest& request,
+                                 const std::function<void(const RemoteRequest&)>& handler)
+{
+    // The other one may end between the claim and the request. A third time is no coincidence.
+    constexpr int attempts = 3;
+    for (int attempt = 0; attempt < attempts; ++attempt) {
+        const Claim claim = remote.claim(handler);
+        if (claim == Claim::noChannel)
+            complain("has no session bus: a second start and the options cannot reach this process.");
+        if (claim != Claim::takenByAnother)
+            return std::nullopt;
+        if (const auto status = passOn(remote, request))
+            return status;
+    }
+    return complain("cannot be started: it runs already, and cannot be reached.");
+}
+
 int run(int& argumentCount, char** arguments, const CommandLine& line)
 {
+    keepMemoryToOurselves();
     const std::unique_ptr<RemoteControl> remote = makeRemoteControl();
     const RemoteRequest request = {line.command.value_or(RemoteCommand::openHistory), takeStartupID()};
     if (line.command) {
@@ -112,19 +154,18 @@ int run(int& argumentCount, char** arguments, const CommandLine& line)
     QApplication::setQuitOnLastWindowClosed(false);
     const QApplication application(argumentCount, arguments);
     QApplication::setApplicationName(QStringLiteral("tessel-clipboard"));
+    QGuiApplication::setDesktopFileName(QStringLiteral("org.tesselclipboard.TesselClipboard"));
     QApplication::setApplicationVersion(QStringLiteral(TESSEL_VERSION));
 
     const Translations translations(QLocale::system().uiLanguages());
 
     std::optional<TesselClipboardApp> app;
-    const Claim claim = remote->claim([&app](const RemoteRequest& received) {
+    const auto obey = [&app](const RemoteRequest& received) {
         if (app)
             app->obey(received);
-    });
-    if (claim == Claim::takenByAnother)
-        return passOn(*remote, request).value_or(EXIT_FAILURE);
-    if (claim == Claim::noChannel)
-        complain("has no session bus: a second start and the options cannot reach this process.");
+    };
+    if (const auto status = claimOrPassOn(*remote, request, obey))
+        return *status;
 
     app.emplace(request.startupID);
     if (line.command)

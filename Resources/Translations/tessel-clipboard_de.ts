@@ -314,4 +314,43 @@
         <translation>Esc</translation>
     </message>
 </context>
+<context>
+    <name>tessel::TrayNoticeView</name>
+    <message>
+        <source>Super+Shift+V</source>
+        <translation>Super+Umschalt+V</translation>
+    </message>
+    <message>
+        <source>Ctrl+Shift+V</source>
+        <translation>Strg+Umschalt+V</translation>
+    </message>
+    <message>
+        <source>Super+Alt+V</source>
+        <translation>Super+Alt+V</translation>
+    </message>
+    <message>
+        <source>Tessel Clipboard is running</source>
+        <translation>Tessel Clipboard läuft</translation>
+    </message>
+    <message>
+        <source>Press %1 to open the history.</source>
+        <translation>%1 öffnet den Verlauf.</translation>
+    </message>
+    <message>
+        <source>This desktop has no tray for the icon. Starting Tessel Clipboard again opens the history, too. Its entry among your applications leads to the settings and to its end, and so do these commands:
+tessel-clipboard --settings
+tessel-clipboard --quit</source>
+        <translation>Dieser Desktop hat keinen Platz für das Symbol. Auch ein weiterer Start von Tessel Clipboard öffnet den Verlauf. Zu den Einstellungen und zum Beenden führen der Eintrag unter Ihren Anwendungen und diese Befehle:
+tessel-clipboard --settings
+tessel-clipboard --quit</translation>
+    </message>
+    <message>
+        <source>Open Settings</source>
+        <translation>Einstellungen öffnen</translation>
+    </message>
+    <message>
+        <source>OK</source>
+        <translation>OK</translation>
+    </message>
+</context>
 </TS>

@@ -165,7 +165,8 @@ TEST_F(SettingsWindowTest, ThirtySecondsRemoveOlderEntriesAtOnceUnderAnOpenPanel
 
 TEST_F(SettingsWindowTest, LaunchAtLoginWritesAndRemovesTheEntryOfTheDesktop)
 {
-    const auto entry = desktop_.directory().path() / "home/.config/autostart/tessel-clipboard.desktop";
+    const auto entry =
+        desktop_.directory().path() / "home/.config/autostart/org.tesselclipboard.TesselClipboard.desktop";
     openSettings();
     EXPECT_FALSE(std::filesystem::exists(entry));
     click("check box", "Launch at login");

@@ -3,20 +3,24 @@
 #include <QtCore/QtGlobal>
 #include <xcb/xcb.h>
 
+#include <array>
 #include <utility>
 
 #include "Desktop/AccessibilityStatus.h"
 #include "Desktop/AutostartLoginItem.h"
+#include "Desktop/CoreDumps.h"
 #include "Desktop/DesktopAppearance.h"
 #include "Desktop/JSONDefaultsStore.h"
 #include "Desktop/OpenSSLDigest.h"
 #include "Desktop/QtMainQueue.h"
 #include "Desktop/SessionBusControl.h"
+#include "Desktop/SessionEnd.h"
 #include "Desktop/StatusNotifier/StatusNotifierItem.h"
 #include "Desktop/SystemClock.h"
 #include "Desktop/TerminationSignals.h"
 #include "StatusItemWithFallback.h"
 #include "X11/Selections/X11Pasteboard.h"
+#include "X11/StartupNotification.h"
 #include "X11/TrayStatusItem.h"
 #include "X11/X11Room.h"
 
@@ -24,7 +28,8 @@ namespace tessel {
 
 namespace {
 
-constexpr const char* startupIDVariable = "DESKTOP_STARTUP_ID";
+/// Of the Startup Notification protocol, and of its successor, with which some launchers say the same.
+constexpr std::array startupIDVariables = {"DESKTOP_STARTUP_ID", "XDG_ACTIVATION_TOKEN"};
 
 std::shared_ptr<X11Pasteboard> makePasteboard(const std::shared_ptr<QtMainQueue>& queue,
                                               const std::shared_ptr<Digest>& digest, Backend::Rules& rules)
@@ -51,6 +56,8 @@ struct Backend::Parts {
                   [pasteboard = pasteboard](std::function<void()> done) {
                       pasteboard->whenAvailable(std::move(done));
                   },
+              .beforeEnd = [pasteboard = pasteboard](
+                               std::function<void()> done) { pasteboard->handOn(std::move(done)); },
           }))
         , platform({
               .pasteboard = pasteboard,
@@ -69,6 +76,7 @@ struct Backend::Parts {
               .makeUpdater = {},
           })
         , terminationSignals([application = x11.application] { application->terminate(); })
+        , sessionEnd([application = x11.application] { application->terminate(); })
     {}
 
     AccessibilityStatus accessibilityStatus;
@@ -89,6 +97,7 @@ struct Backend::Parts {
         *queue};
     JSONDefaultsStore rememberedState{JSONDefaultsStore::statePath()};
     TerminationSignals terminationSignals;
+    SessionEnd sessionEnd;
 };
 
 Backend::Backend(Rules rules)
@@ -125,6 +134,7 @@ DefaultsStore& Backend::rememberedState()
 void Backend::noteStartupID(std::string_view startupID)
 {
     parts_->x11.userTime->noteStartupIdentifier(startupID);
+    completeStartup(*parts_->x11.connection, startupID);
 }
 
 std::unique_ptr<RemoteControl> makeRemoteControl()
@@ -134,9 +144,18 @@ std::unique_ptr<RemoteControl> makeRemoteControl()
 
 std::string takeStartupID()
 {
-    std::string startupID = qgetenv(startupIDVariable).toStdString();
-    qunsetenv(startupIDVariable);
+    std::string startupID;
+    for (const char* variable : startupIDVariables) {
+        if (startupID.empty())
+            startupID = qgetenv(variable).toStdString();
+        qunsetenv(variable);
+    }
     return startupID;
+}
+
+void keepMemoryToOurselves()
+{
+    forbidCoreDumps();
 }
 
 bool displayIsAvailable()

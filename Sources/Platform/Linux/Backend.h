@@ -40,7 +40,8 @@ public:
     /// nothing of it was copied.
     DefaultsStore& rememberedState();
 
-    /// Takes note of the user's action that led to a request from outside; see `RemoteRequest::startupID`.
+    /// Takes note of the user's action that led to a request from outside, and tells the desktop that it was
+    /// heard; see `RemoteRequest::startupID`.
     void noteStartupID(std::string_view startupID);
 
 private:
@@ -54,6 +55,9 @@ std::unique_ptr<RemoteControl> makeRemoteControl();
 /// The token of the user's action that started this process, or an empty text. It is taken out of the
 /// environment, so that no child process uses it again.
 std::string takeStartupID();
+
+/// From now on a crash of this process leaves no image of its memory behind.
+void keepMemoryToOurselves();
 
 /// True when there is a window system to connect to.
 bool displayIsAvailable();

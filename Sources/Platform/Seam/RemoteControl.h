@@ -9,6 +9,7 @@ namespace tessel {
 enum class RemoteCommand {
     openHistory,   ///< Shows the history panel.
     toggleHistory, ///< Shows the history panel, or closes it when it is visible.
+    clearHistory,  ///< Removes every entry and every pin, at once.
     settings,      ///< Shows the settings window.
     about,         ///< Shows the about window.
     quit,          ///< Ends the program.
@@ -25,6 +26,7 @@ struct RemoteRequest {
 enum class Delivery {
     delivered,
     nobodyListens, ///< The program is not running.
+    noAnswer,      ///< The program is running, but hung.
     noChannel,     ///< There is no way to reach another process: no session bus.
 };
 

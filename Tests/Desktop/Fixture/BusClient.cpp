@@ -87,6 +87,14 @@ bool BusClient::askObject(const std::string& name, const std::string& path, Dead
     return ask(connection_, call, deadline) != nullptr;
 }
 
+void BusClient::reloadServices()
+{
+    const Message call(
+        dbus_message_new_method_call(DBUS_SERVICE_DBUS, DBUS_PATH_DBUS, DBUS_INTERFACE_DBUS, "ReloadConfig"));
+    if (!ask(connection_, call, Deadline()))
+        throw DesktopFailure("the session bus does not read its services anew");
+}
+
 void BusClient::setProperty(const std::string& name, const std::string& path,
                             const std::string& interfaceName, const std::string& property, bool value)
 {

@@ -26,6 +26,8 @@ public:
     /// Asks an object for its properties, and returns whether any answer came until the deadline. Programs
     /// answer this on the thread that the object lives on, which is the main thread of a Qt program.
     bool askObject(const std::string& name, const std::string& path, Deadline deadline);
+    /// Has the bus read anew which services it can start.
+    void reloadServices();
     /// Sets a property of an object, and returns when that is done. Throws `DesktopFailure` where it is
     /// refused.
     void setProperty(const std::string& name, const std::string& path, const std::string& interfaceName,

@@ -235,6 +235,12 @@ void ChildProcess::signal(int number)
         ::pidfd_send_signal(process_.get(), number, nullptr, 0);
 }
 
+void ChildProcess::kill()
+{
+    signal(SIGKILL);
+    waitForExit();
+}
+
 void ChildProcess::end()
 {
     if (!process_.isOpen())

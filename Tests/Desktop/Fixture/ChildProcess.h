@@ -55,6 +55,8 @@ public:
     ExitStatus waitForExit(Deadline deadline = Deadline());
     /// Sends a signal to this one process; nothing happens if it has ended.
     void signal(int number);
+    /// Ends this one process as a crash does, and returns when it is gone.
+    void kill();
     /// Asks it to end, insists after a moment, and cleans up its process group.
     void end();
 

@@ -44,6 +44,8 @@ Desktop::Desktop(DesktopOptions options)
     : options_(std::move(options))
     , environment_(makeEnvironment(directory_))
 {
+    // There is no tray here, of which the program's user has been told.
+    directory_.write("home/.local/state/tessel-clipboard/state.json", R"({"trayNoticeShown": 1})");
     for (const auto& [name, value] : options_.variables)
         environment_[name] = value;
     if (options_.leakCheck == LeakCheck::off)

@@ -52,11 +52,21 @@ public:
 
     /// What programs on this desktop are started with.
     const Environment& environment() const { return environment_; }
+    /// Programs that are started from now on have this variable, too.
+    void addVariable(const std::string& name, const std::string& value) { environment_[name] = value; }
     /// Holds the home directory and everything else that programs may write to.
     const TemporaryDirectory& directory() const { return directory_; }
     const std::string& displayName() const { return display_->name(); }
     /// The address of the session bus; empty if there is none.
     std::string busAddress() const { return bus_ ? bus_->address() : std::string(); }
+    /// @name What ends as a crash does
+    /// There must be one. These return when it is gone.
+    /// @{
+    void killCompositor() { compositor_.value().kill(); }
+    void killWindowManager() { windowManager_.value().kill(); }
+    void killServer() { display_.value().kill(); }
+    void killBus() { bus_.value().kill(); }
+    /// @}
     /// The process of the session bus, which there must be.
     pid_t busProcess() const { return bus_.value().pid(); }
     /// The process of the X server.

@@ -4,8 +4,8 @@ namespace tessel::desktop {
 
 namespace {
 
-/// No service directories: a program under test gets no helper that the desktop does not have.
-std::string configuration(const std::filesystem::path& directory)
+/// No usual service directories: a program under test gets no helper that the desktop does not have.
+std::string configuration(const std::filesystem::path& directory, const std::filesystem::path& services)
 {
     return R"(<!DOCTYPE busconfig PUBLIC "-//freedesktop//DTD D-Bus Bus Configuration 1.0//EN"
  "http://www.freedesktop.org/standards/dbus/1.0/busconfig.dtd">
@@ -14,6 +14,8 @@ std::string configuration(const std::filesystem::path& directory)
   <keep_umask/>
   <listen>unix:dir=)" +
            directory.string() + R"(</listen>
+  <servicedir>)" +
+           services.string() + R"(</servicedir>
   <auth>EXTERNAL</auth>
   <policy context="default">
     <allow send_destination="*" eavesdrop="true"/>
@@ -26,7 +28,10 @@ std::string configuration(const std::filesystem::path& directory)
 
 std::vector<std::string> daemonCommand(const TemporaryDirectory& directory)
 {
-    const auto file = directory.write("session-bus.conf", configuration(directory.path()));
+    // Where a user's own installations put their services (D-Bus Specification, "Message Bus Starting
+    // Services").
+    const auto services = directory.makeDirectory("home/.local/share/dbus-1/services");
+    const auto file = directory.write("session-bus.conf", configuration(directory.path(), services));
     return {"dbus-daemon", "--config-file=" + file.string(), "--nofork", "--nopidfile", "--print-address=1"};
 }
 

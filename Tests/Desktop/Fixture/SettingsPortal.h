@@ -21,6 +21,8 @@ public:
     void setColorScheme(Scheme scheme);
     void setAccentColor(const Colour& colour);
     void setReducedMotion(bool isReduced);
+    /// Ends it as a crash does.
+    void kill() { process_.kill(); }
 
 private:
     void tell(const std::string& line);

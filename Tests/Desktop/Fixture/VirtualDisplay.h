@@ -30,6 +30,8 @@ public:
     const std::string& name() const { return name_; }
 
     pid_t process() const { return server_.pid(); }
+    /// Ends the server as a crash does, and returns when it is gone.
+    void kill() { server_.kill(); }
 
 private:
     std::unique_ptr<ChildProcess> compositor_;

@@ -141,4 +141,9 @@ bool WindowManager::isRunning(XConnection& connection)
     return connection.propertyItems(announced.front(), "_NET_SUPPORTING_WM_CHECK") == announced;
 }
 
+void WindowManager::kill()
+{
+    process_.value().kill();
+}
+
 } // namespace tessel::desktop

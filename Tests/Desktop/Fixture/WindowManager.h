@@ -23,6 +23,9 @@ public:
     WindowManager(WindowManagerChoice choice, XConnection& connection, const TemporaryDirectory& directory,
                   const Environment& environment);
 
+    /// Ends it as a crash does, and returns when it is gone.
+    void kill();
+
     /// Does Alt+Tab activate the other application? It is the only key that window managers have here.
     static bool switchesByKeys(WindowManagerChoice choice);
     /// Does any window manager manage the screen?

@@ -37,7 +37,10 @@ protected:
         return {path("user"), {path("first"), path("second")}, {"Ubuntu", "GNOME"}, program_};
     }
     QString path(const QString& name) const { return directory_.filePath(name); }
-    QString entry(const QString& where) const { return path(where) + "/tessel-clipboard.desktop"; }
+    QString entry(const QString& where) const
+    {
+        return path(where) + "/org.tesselclipboard.TesselClipboard.desktop";
+    }
     void write(const QString& where, const QByteArray& content) const
     {
         QFile file(entry(where));
@@ -75,9 +78,9 @@ TEST_F(AutostartLoginItemTest, RegistersAndUnregisters)
 {
     EXPECT_TRUE(item().registerItem());
     EXPECT_TRUE(isEnabled());
-    EXPECT_EQ(
-        read("user"),
-        "[Desktop Entry]\nType=Application\nName=Tessel Clipboard\nExec=\"/bin/sh\"\nTryExec=/bin/sh\n");
+    EXPECT_EQ(read("user"),
+              "[Desktop Entry]\nType=Application\nName=Tessel Clipboard\nExec=\"/bin/sh\"\nTryExec=/bin/sh\n"
+              "Icon=org.tesselclipboard.TesselClipboard\n");
     EXPECT_TRUE(item().registerItem());
     EXPECT_TRUE(item().unregisterItem());
     EXPECT_FALSE(isEnabled());

@@ -23,6 +23,7 @@ TEST(CommandLine, EachOptionAsksForItsCommand)
 {
     EXPECT_EQ(parse({"--toggle"}).command, RemoteCommand::toggleHistory);
     EXPECT_EQ(parse({"--show"}).command, RemoteCommand::openHistory);
+    EXPECT_EQ(parse({"--clear"}).command, RemoteCommand::clearHistory);
     EXPECT_EQ(parse({"--settings"}).command, RemoteCommand::settings);
     EXPECT_EQ(parse({"--about"}).command, RemoteCommand::about);
     EXPECT_EQ(parse({"--quit"}).command, RemoteCommand::quit);
@@ -41,7 +42,8 @@ TEST(CommandLine, NamesTheArgumentThatMakesNoSense)
 
 TEST(CommandLine, HelpNamesEveryOption)
 {
-    for (const char* option : {"--toggle", "--show", "--quit", "--version", "--help"})
+    for (const char* option :
+         {"--toggle", "--show", "--clear", "--settings", "--about", "--quit", "--version", "--help"})
         EXPECT_NE(helpText().find(option), std::string_view::npos) << option;
 }
 

@@ -7,8 +7,9 @@ namespace {
 
 TEST(RemoteAction, EveryCommandHasANameThatLeadsBackToIt)
 {
-    for (const RemoteCommand command : {RemoteCommand::openHistory, RemoteCommand::toggleHistory,
-                                        RemoteCommand::settings, RemoteCommand::about, RemoteCommand::quit}) {
+    for (const RemoteCommand command :
+         {RemoteCommand::openHistory, RemoteCommand::toggleHistory, RemoteCommand::clearHistory,
+          RemoteCommand::settings, RemoteCommand::about, RemoteCommand::quit}) {
         EXPECT_FALSE(actionName(command).empty());
         EXPECT_EQ(commandForAction(actionName(command)), command);
     }

@@ -3,6 +3,7 @@
 #include <utility>
 
 #include "Desktop/RemoteAction.h"
+#include "Desktop/StartupIDKeys.h"
 
 namespace tessel {
 
@@ -10,7 +11,11 @@ namespace {
 
 std::string startupID(const QVariantMap& platformData)
 {
-    return platformData.value(QStringLiteral("desktop-startup-id")).toString().toStdString();
+    for (const QLatin1StringView key : startupIDKeys) {
+        if (const QString found = platformData.value(key).toString(); !found.isEmpty())
+            return found.toStdString();
+    }
+    return {};
 }
 
 } // namespace

@@ -16,7 +16,8 @@ namespace tessel {
 
 namespace {
 
-const QString entryName = QStringLiteral("/tessel-clipboard.desktop");
+/// As the installed desktop entry is named, so that desktops know the two for one program.
+const QString entryName = QStringLiteral("/org.tesselclipboard.TesselClipboard.desktop");
 /// An entry takes a few hundred bytes. A larger file is none.
 constexpr qint64 largestFile = 1'048'576;
 
@@ -72,6 +73,7 @@ DesktopEntry entryFor(const QString& program)
     entry.set("Name", QStringLiteral("Tessel Clipboard"));
     entry.set("Exec", quoted(program));
     entry.set("TryExec", program);
+    entry.set("Icon", QStringLiteral("org.tesselclipboard.TesselClipboard"));
     return entry;
 }
 

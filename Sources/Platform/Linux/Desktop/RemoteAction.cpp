@@ -14,6 +14,7 @@ struct Action {
 constexpr std::array actions = {
     Action{RemoteCommand::openHistory, "open-history"},
     Action{RemoteCommand::toggleHistory, "toggle-history"},
+    Action{RemoteCommand::clearHistory, "clear-history"},
     Action{RemoteCommand::settings, "settings"},
     Action{RemoteCommand::about, "about"},
     Action{RemoteCommand::quit, "quit"},

@@ -9,6 +9,7 @@
 
 #include "Desktop/ApplicationAdaptor.h"
 #include "Desktop/RemoteAction.h"
+#include "Desktop/StartupIDKeys.h"
 
 namespace tessel {
 
@@ -37,6 +38,28 @@ private:
     QDBusConnection bus_ = QDBusConnection::connectToBus(QDBusConnection::SessionBus, name_);
 };
 
+/// The connection of the running program; empty where it does not run.
+QString ownerOfTheName(const QDBusConnection& bus)
+{
+    return bus.interface()->serviceOwner(serviceName).value();
+}
+
+QDBusMessage callFor(const RemoteRequest& request, const QString& receiver)
+{
+    QDBusMessage call =
+        QDBusMessage::createMethodCall(receiver, objectPath, interfaceName, QStringLiteral("ActivateAction"));
+    const std::string_view action = actionName(request.command);
+    QVariantMap platformData;
+    if (!request.startupID.empty()) {
+        const QString startupID = QString::fromStdString(request.startupID);
+        for (const QLatin1StringView key : startupIDKeys)
+            platformData.insert(key, startupID);
+    }
+    call << QString::fromUtf8(action.data(), static_cast<qsizetype>(action.size())) << QVariantList()
+         << platformData;
+    return call;
+}
+
 } // namespace
 
 /// The exported object. Its adaptor takes the calls.
@@ -51,17 +74,14 @@ Delivery SessionBusControl::send(const RemoteRequest& request)
     if (!connection.bus().isConnected())
         return Delivery::noChannel;
 
-    QDBusMessage call = QDBusMessage::createMethodCall(serviceName, objectPath, interfaceName,
-                                                       QStringLiteral("ActivateAction"));
-    const std::string_view action = actionName(request.command);
-    QVariantMap platformData;
-    if (!request.startupID.empty())
-        platformData.insert(QStringLiteral("desktop-startup-id"), QString::fromStdString(request.startupID));
-    call << QString::fromUtf8(action.data(), static_cast<qsizetype>(action.size())) << QVariantList()
-         << platformData;
-    call.setAutoStartService(false);
-    const QDBusMessage answer = connection.bus().call(call, QDBus::Block, answerTimeout);
-    return answer.type() == QDBusMessage::ReplyMessage ? Delivery::delivered : Delivery::nobodyListens;
+    const QString owner = ownerOfTheName(connection.bus());
+    if (owner.isEmpty())
+        return Delivery::nobodyListens;
+    const QDBusMessage answer = connection.bus().call(callFor(request, owner), QDBus::Block, answerTimeout);
+    if (answer.type() == QDBusMessage::ReplyMessage)
+        return Delivery::delivered;
+    // Without an answer it has ended meanwhile, or it is hung.
+    return ownerOfTheName(connection.bus()) == owner ? Delivery::noAnswer : Delivery::nobodyListens;
 }
 
 Claim SessionBusControl::claim(std::function<void(const RemoteRequest&)> handler)

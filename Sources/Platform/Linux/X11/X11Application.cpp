@@ -8,14 +8,27 @@
 
 namespace tessel {
 
+namespace {
+
+/// Asking every window to close first, as quit() does, would leave it to each of them to say no.
+void endLoop()
+{
+    if (auto* application = QCoreApplication::instance())
+        QMetaObject::invokeMethod(
+            application, [] { QCoreApplication::exit(EXIT_SUCCESS); }, Qt::QueuedConnection);
+}
+
+} // namespace
+
 X11Application::X11Application(std::shared_ptr<X11Connection> connection,
                                std::shared_ptr<WindowManager> windowManager,
                                std::shared_ptr<ToolkitWindows> toolkitWindows,
-                               std::shared_ptr<X11NativeWindows> nativeWindows)
+                               std::shared_ptr<X11NativeWindows> nativeWindows, BeforeEnd beforeEnd)
     : connection_(std::move(connection))
     , windowManager_(std::move(windowManager))
     , toolkitWindows_(std::move(toolkitWindows))
     , nativeWindows_(std::move(nativeWindows))
+    , beforeEnd_(std::move(beforeEnd))
     , isActive_(hasActiveWindow())
 {
     activeWindow_ = windowManager_->observeActiveWindow([this] { update(); });
@@ -34,10 +47,12 @@ void X11Application::activate(IgnoringOtherApps)
 
 void X11Application::terminate()
 {
-    // Asking every window to close first, as quit() does, would leave it to each of them to say no.
-    if (auto* application = QCoreApplication::instance())
-        QMetaObject::invokeMethod(
-            application, [] { QCoreApplication::exit(EXIT_SUCCESS); }, Qt::QueuedConnection);
+    if (std::exchange(isEnding_, true))
+        return;
+    if (beforeEnd_)
+        beforeEnd_(endLoop);
+    else
+        endLoop();
 }
 
 Token X11Application::observeActivity(std::function<void()> didChange)

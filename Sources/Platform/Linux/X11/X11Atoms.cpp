@@ -11,12 +11,14 @@ namespace tessel {
 X11Atoms internAtoms(xcb_connection_t* connection, int screenNumber)
 {
     X11Atoms atoms;
-    const std::array<std::pair<xcb_atom_t*, std::string>, 32> names = {{
+    const auto names = std::to_array<std::pair<xcb_atom_t*, std::string>>({
         {&atoms.netActiveWindow, "_NET_ACTIVE_WINDOW"},
         {&atoms.netClientList, "_NET_CLIENT_LIST"},
         {&atoms.netSupported, "_NET_SUPPORTED"},
         {&atoms.netSupportingWindowManagerCheck, "_NET_SUPPORTING_WM_CHECK"},
         {&atoms.netWorkArea, "_NET_WORKAREA"},
+        {&atoms.netStartupInfo, "_NET_STARTUP_INFO"},
+        {&atoms.netStartupInfoBegin, "_NET_STARTUP_INFO_BEGIN"},
         {&atoms.netWindowDesktop, "_NET_WM_DESKTOP"},
         {&atoms.netWindowProcess, "_NET_WM_PID"},
         {&atoms.netWindowState, "_NET_WM_STATE"},
@@ -44,7 +46,7 @@ X11Atoms internAtoms(xcb_connection_t* connection, int screenNumber)
         {&atoms.netWindowName, "_NET_WM_NAME"},
         {&atoms.utf8String, "UTF8_STRING"},
         {&atoms.compositingManager, "_NET_WM_CM_S" + std::to_string(screenNumber)},
-    }};
+    });
     std::array<xcb_intern_atom_cookie_t, names.size()> cookies{};
     for (std::size_t index = 0; index < names.size(); ++index) {
         const std::string& name = names.at(index).second;

@@ -14,6 +14,8 @@ struct X11Atoms {
     xcb_atom_t netSupported = XCB_ATOM_NONE;
     xcb_atom_t netSupportingWindowManagerCheck = XCB_ATOM_NONE;
     xcb_atom_t netWorkArea = XCB_ATOM_NONE;
+    xcb_atom_t netStartupInfo = XCB_ATOM_NONE;
+    xcb_atom_t netStartupInfoBegin = XCB_ATOM_NONE;
     xcb_atom_t netWindowDesktop = XCB_ATOM_NONE;
     xcb_atom_t netWindowProcess = XCB_ATOM_NONE;
     xcb_atom_t netWindowState = XCB_ATOM_NONE;

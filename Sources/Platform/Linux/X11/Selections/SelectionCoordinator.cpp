@@ -10,6 +10,7 @@ SelectionCoordinator::SelectionCoordinator(SelectionWire& wire, const SelectionA
     , receiver_(wire, atoms, atoms.clipboard)
     , server_(wire, atoms)
     , acquisition_(wire)
+    , handover_(wire, atoms)
 {
     receiver_.onValue = [this](ReceivedValue value) {
         if (!isOwnerFromBefore_)
@@ -37,6 +38,8 @@ SelectionCoordinator::SelectionCoordinator(SelectionWire& wire, const SelectionA
             receivePresentOwner(time, now);
         if (receiver_.isIdle())
             answerSavers(time);
+        if (afterHandover_)
+            beginHandover(time, now);
     };
     acquisition_.onTaken = [this](AtomID selection, ServerTime time) {
         server_.offer(selection, valueToTake(selection), time);
@@ -93,6 +96,27 @@ void SelectionCoordinator::whenAvailable(std::function<void()> done)
     answerWaiting();
 }
 
+void SelectionCoordinator::handOn(std::function<void()> done)
+{
+    // What was written last is on its way to the clipboard perhaps.
+    whenAvailable([this, done = std::move(done)]() mutable {
+        const bool isManagerOurs = server_.offered(atoms_.clipboardManager) != nullptr;
+        if (isManagerOurs || !server_.offered(atoms_.clipboard))
+            return done();
+        afterHandover_ = std::move(done);
+        acquisition_.askTime();
+    });
+}
+
+void SelectionCoordinator::beginHandover(ServerTime time, Moment now)
+{
+    auto done = std::exchange(afterHandover_, nullptr);
+    const auto offer = server_.offered(atoms_.clipboard);
+    if (!offer || offer->value->isEmpty())
+        return done();
+    handover_.begin(server_.targetsToHandOn(*offer->value), time, now, std::move(done));
+}
+
 void SelectionCoordinator::answerWaiting()
 {
     if (acquisition_.isUnderWay(atoms_.clipboard) || acquisition_.isUnderWay(atoms_.primary))
@@ -126,6 +150,7 @@ void SelectionCoordinator::pictureConverted(const SelectionServer::SharedOffer& 
                                             SharedBytes bytes, Moment now)
 {
     server_.pictureConverted(offer, target, std::move(bytes), now);
+    handover_.progress(now);
 }
 
 bool SelectionCoordinator::isPictureWanted(const SelectionServer::SharedOffer& offer, AtomID target) const
@@ -201,12 +226,14 @@ void SelectionCoordinator::takeOver(ServerTime time)
 
 void SelectionCoordinator::selectionNotified(const SelectionNotice& notice, Moment now)
 {
+    handover_.selectionNotified(notice);
     receiver_.selectionNotified(notice, now);
 }
 
 void SelectionCoordinator::selectionRequested(const SelectionRequest& request, Moment now)
 {
     server_.selectionRequested(request, now);
+    handover_.progress(now);
 }
 
 void SelectionCoordinator::selectionCleared(AtomID selection, ServerTime time)
@@ -223,6 +250,7 @@ void SelectionCoordinator::propertyChanged(const PropertyChange& change, Moment 
     if (change.window != wire_.ownerWindow()) {
         receiver_.propertyChanged(change, now);
         server_.propertyChanged(change, now);
+        handover_.progress(now);
         return;
     }
     if (change.property != atoms_.ownTimestamp || change.kind != PropertyChangeKind::newValue)
@@ -262,15 +290,17 @@ void SelectionCoordinator::timePassed(Moment now)
 {
     receiver_.timePassed(now);
     server_.timePassed(now);
+    handover_.timePassed(now);
 }
 
 std::optional<Moment> SelectionCoordinator::deadline() const
 {
-    const auto receiving = receiver_.deadline();
-    const auto serving = server_.deadline();
-    if (!receiving || !serving)
-        return receiving ? receiving : serving;
-    return std::min(*receiving, *serving);
+    std::optional<Moment> first;
+    for (const auto& each : {receiver_.deadline(), server_.deadline(), handover_.deadline()}) {
+        if (each && (!first || *each < *first))
+            first = each;
+    }
+    return first;
 }
 
 /// The selection is ours before its owner hears that its value is saved: on its way out an owner may give up

@@ -5,6 +5,7 @@
 #include <vector>
 
 #include "X11/Selections/SelectionAcquisition.h"
+#include "X11/Selections/SelectionHandover.h"
 #include "X11/Selections/SelectionReceiver.h"
 #include "X11/Selections/SelectionServer.h"
 
@@ -47,6 +48,10 @@ public:
     void offerPrimary(SharedSelectionValue value);
     /// Runs `done` once the server has decided on everything written and offered so far; at once if it has.
     void whenAvailable(std::function<void()> done);
+    /// Before we end: hands the clipboard's value on to the clipboard manager that somebody else is. Runs
+    /// `done` when that is over, well or not; soon where the value is not ours or nobody takes it.
+    void handOn(std::function<void()> done);
+    void setHandoverPatience(const HandoverPatience& patience) { handover_.setPatience(patience); }
     void pictureConverted(const SelectionServer::SharedOffer& offer, AtomID target, SharedBytes bytes,
                           Moment now);
     bool isPictureWanted(const SelectionServer::SharedOffer& offer, AtomID target) const;
@@ -69,6 +74,7 @@ private:
     void takeOver(ServerTime time);
     void receivePresentOwner(ServerTime time, Moment now);
     void answerSavers(ServerTime time = currentTime);
+    void beginHandover(ServerTime time, Moment now);
     bool ownsKeptValue(WindowID window) const;
     void releasePrimary();
     void answerWaiting();
@@ -79,6 +85,7 @@ private:
     SelectionReceiver receiver_;
     SelectionServer server_;
     SelectionAcquisition acquisition_;
+    SelectionHandover handover_;
 
     WriteGeneration generation_ = 0;
     SharedSelectionValue clipboardValue_; ///< To be offered when the clipboard is taken.
@@ -97,6 +104,8 @@ private:
     bool isOwnerFromBefore_ = false;
     std::vector<SelectionRequest> savers_;
     std::vector<std::function<void()>> waitingForAvailability_;
+    /// What runs after a handover that waits for the server's time.
+    std::function<void()> afterHandover_;
 };
 
 } // namespace tessel

@@ -224,6 +224,22 @@ std::vector<AtomID> SelectionServer::targetsOf(const SelectionValue& value) cons
     return targets;
 }
 
+std::vector<AtomID> SelectionServer::targetsToHandOn(const SelectionValue& value) const
+{
+    const bool isLargeText = value.text && value.text->size() > incrementThreshold();
+    std::vector<AtomID> targets;
+    for (const AtomID target : targetsOf(value)) {
+        // A large text goes once, and a picture is not blown up.
+        const bool isSpare = isTextTarget(target)
+                                 ? isLargeText && target != atoms_.utf8String
+                                 : target == atoms_.bmp || target == atoms_.tiff || target == atoms_.jpeg;
+        const bool isOwnForm = value.picture.bytes && atoms_.pictureTarget(value.picture.mimeType) == target;
+        if (!isSpare || isOwnForm)
+            targets.push_back(target);
+    }
+    return targets;
+}
+
 bool SelectionServer::isTextTarget(AtomID target) const
 {
     return target == atoms_.utf8String || target == atoms_.plainTextUTF8 ||

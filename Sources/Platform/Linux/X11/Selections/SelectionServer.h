@@ -60,6 +60,10 @@ public:
     void pictureConverted(const SharedOffer& offer, AtomID target, SharedBytes bytes, Moment now);
     void answerSaveTargets(const SelectionRequest& request);
 
+    /// The targets in which a clipboard manager is to save `value`: each form that cannot be made of another,
+    /// and those that everybody reads.
+    std::vector<AtomID> targetsToHandOn(const SelectionValue& value) const;
+
     /// Whether somebody still waits for that conversion.
     bool isWanted(const SharedOffer& offer, AtomID target) const;
 

@@ -53,6 +53,7 @@ public:
     void post(std::function<void()> work) { inbox_->post(std::move(work)); }
     void stop();
     SelectionCoordinator& coordinator() { return coordinator_; }
+    void handOn(const HandoverPatience& patience, std::function<void()> done);
 
 private:
     struct Preparation {
@@ -128,6 +129,14 @@ void SelectionsWorker::Thread::stop()
 {
     isStopping_ = true;
     post([] {});
+}
+
+void SelectionsWorker::Thread::handOn(const HandoverPatience& patience, std::function<void()> done)
+{
+    if (connection_->isLost())
+        return done();
+    coordinator_.setHandoverPatience(patience);
+    coordinator_.handOn(std::move(done));
 }
 
 void SelectionsWorker::Thread::turn(Waiting waiting)
@@ -277,6 +286,11 @@ void SelectionsWorker::offerPrimary(SharedText text)
     offered->text = std::move(text);
     body_->post(
         [body = body_.get(), offered = std::move(offered)] { body->coordinator().offerPrimary(offered); });
+}
+
+void SelectionsWorker::handOn(const HandoverPatience& patience, std::function<void()> done)
+{
+    body_->post([body = body_.get(), patience, done = std::move(done)] { body->handOn(patience, done); });
 }
 
 void SelectionsWorker::whenAvailable(std::function<void()> done)

@@ -43,6 +43,9 @@ public:
     void offerPrimary(SharedText text);
     /// Runs `done` on the worker thread once the server has decided on everything written and offered before.
     void whenAvailable(std::function<void()> done);
+    /// Runs `done` on the worker thread when what is ours on the clipboard has been handed on to a clipboard
+    /// manager, or cannot be.
+    void handOn(const HandoverPatience& patience, std::function<void()> done);
 
 private:
     class Thread;

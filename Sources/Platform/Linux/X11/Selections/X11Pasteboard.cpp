@@ -10,6 +10,7 @@ namespace tessel {
 
 struct X11Pasteboard::State {
     std::function<void(std::function<void()>)> postToMain;
+    HandoverPatience handoverPatience;
     std::unique_ptr<SelectionsWorker> worker; ///< Null: there is no display.
     std::int64_t changeCount = 0;
     WriteGeneration generation = 0;
@@ -40,6 +41,7 @@ X11Pasteboard::X11Pasteboard(SelectionsEnvironment environment)
 {
     PictureDecoder::prepareToolkit();
     state_->postToMain = environment.postToMain;
+    state_->handoverPatience = environment.handoverPatience;
     auto toMain = [post = environment.postToMain,
                    weakState = std::weak_ptr(state_)](ClipboardReading reading) {
         post([weakState, reading = std::move(reading)]() mutable {
@@ -115,6 +117,15 @@ void X11Pasteboard::whenAvailable(std::function<void()> done)
     if (!state_->worker)
         return state_->postToMain(std::move(done));
     state_->worker->whenAvailable(
+        [post = state_->postToMain, done = std::move(done)]() mutable { post(std::move(done)); });
+}
+
+void X11Pasteboard::handOn(std::function<void()> done)
+{
+    if (!state_->worker)
+        return state_->postToMain(std::move(done));
+    state_->worker->handOn(
+        state_->handoverPatience,
         [post = state_->postToMain, done = std::move(done)]() mutable { post(std::move(done)); });
 }
 

@@ -5,6 +5,7 @@
 #include <string>
 
 #include "Pasteboard.h"
+#include "X11/Selections/HandoverPatience.h"
 
 namespace tessel {
 
@@ -18,6 +19,8 @@ struct SelectionsEnvironment {
     std::function<std::string(const PlatformImage&)> fingerprintImage;
     /// The X display; empty: that of the environment.
     std::string displayName = {};
+    /// How long the end of the program may wait for a clipboard manager.
+    HandoverPatience handoverPatience = {};
 };
 
 /// The general pasteboard on X11: the CLIPBOARD selection (ICCCM section 2).
@@ -49,6 +52,12 @@ public:
     /// written and offered last: others are given that from now on, unless somebody copied something newer.
     /// Never runs if the display is lost before.
     void whenAvailable(std::function<void()> done);
+
+    /// For the end of the program. Hands what is ours on the clipboard on to the desktop's clipboard manager
+    /// (freedesktop.org clipboard manager), whole or not at all, and then runs `done` on the main thread, on
+    /// a later turn of its loop. Where nobody takes it, and where the value is another's, that is the next
+    /// thing to happen; a manager that is slow or silent is waited for as long as `handoverPatience` says.
+    void handOn(std::function<void()> done);
 
 private:
     struct State;

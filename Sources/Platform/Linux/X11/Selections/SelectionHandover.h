@@ -1,0 +1,44 @@
+#pragma once
+
+#include <functional>
+#include <optional>
+#include <vector>
+
+#include "X11/Selections/HandoverPatience.h"
+#include "X11/Selections/SelectionAtoms.h"
+#include "X11/Selections/SelectionWire.h"
+
+namespace tessel {
+
+/// Hands the clipboard's value on to the clipboard manager before we end (freedesktop.org clipboard manager,
+/// SAVE_TARGETS). The manager then asks for the value like everybody else. A state machine without input or
+/// output of its own and without a clock.
+class SelectionHandover {
+public:
+    SelectionHandover(SelectionWire& wire, const SelectionAtoms& atoms)
+        : wire_(wire)
+        , atoms_(atoms)
+    {}
+
+    void setPatience(const HandoverPatience& patience) { patience_ = patience; }
+    /// Asks the manager to save these targets; `time` is the server's. `done` runs once, when the manager has
+    /// them, refuses, is not there or is silent. One at a time.
+    void begin(const std::vector<AtomID>& targets, ServerTime time, Moment now, std::function<void()> done);
+    /// Somebody asks for a value, or takes a piece of one.
+    void progress(Moment now);
+    void selectionNotified(const SelectionNotice& notice);
+    void timePassed(Moment now);
+    std::optional<Moment> deadline() const;
+
+private:
+    void finish();
+
+    SelectionWire& wire_;
+    const SelectionAtoms& atoms_;
+    HandoverPatience patience_;
+    std::function<void()> done_; ///< Empty: nothing is handed on.
+    Moment silenceEnds_;
+    Moment wholeEnds_;
+};
+
+} // namespace tessel

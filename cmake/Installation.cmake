@@ -1,0 +1,18 @@
+# What `cmake --install build` puts where: the program, what desktops know it by, and how the session bus starts it.
+include(GNUInstallDirs)
+
+set(resources ${PROJECT_SOURCE_DIR}/Resources)
+set(application_id org.tesselclipboard.TesselClipboard)
+
+install(TARGETS tessel-clipboard RUNTIME DESTINATION ${CMAKE_INSTALL_BINDIR})
+install(FILES ${resources}/${application_id}.desktop DESTINATION ${CMAKE_INSTALL_DATADIR}/applications)
+install(FILES ${resources}/${application_id}.metainfo.xml DESTINATION ${CMAKE_INSTALL_DATADIR}/metainfo)
+install(FILES ${resources}/Icons/${application_id}.svg
+    DESTINATION ${CMAKE_INSTALL_DATADIR}/icons/hicolor/scalable/apps)
+# The bus wants an absolute path, and the prefix may be chosen as late as at the installation.
+install(CODE "
+    set(service_file \"${application_id}.service\")
+    file(WRITE \"${PROJECT_BINARY_DIR}/\${service_file}\"
+        \"[D-BUS Service]\nName=${application_id}\nExec=\${CMAKE_INSTALL_PREFIX}/${CMAKE_INSTALL_BINDIR}/tessel-clipboard\n\")")
+install(FILES ${PROJECT_BINARY_DIR}/${application_id}.service
+    DESTINATION ${CMAKE_INSTALL_DATADIR}/dbus-1/services)
