@@ -335,9 +335,11 @@ TEST_F(FeedUpdaterTest, AnIntervalOfSecondsIsAnHour)
     startLongAfterACheck();
     queue->advance(FeedUpdaterController::firstDelay);
     answer({});
+    launch(hasty);
+    updater->start();
     queue->advance(hour - 1);
     EXPECT_EQ(feed->loads, 1);
-    queue->advance(1);
+    queue->advance(FeedUpdaterController::firstDelay + 1);
     EXPECT_EQ(feed->loads, 2);
 }
 
