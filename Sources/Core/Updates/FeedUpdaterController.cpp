@@ -9,9 +9,11 @@
 
 namespace tessel {
 
-FeedUpdaterController::FeedUpdaterController(const Needs& needs, Configuration configuration)
+FeedUpdaterController::FeedUpdaterController(const Needs& needs, UpdateSource source,
+                                             std::string currentVersion)
     : needs_(needs)
-    , configuration_(std::move(configuration))
+    , source_(std::move(source))
+    , currentVersion_(std::move(currentVersion))
 {}
 
 FeedUpdaterController::~FeedUpdaterController()
@@ -22,7 +24,7 @@ FeedUpdaterController::~FeedUpdaterController()
 
 void FeedUpdaterController::start()
 {
-    if (!configuration_.feed || !configuration_.interval)
+    if (!source_.feed || !source_.checkInterval)
         return;
     timer_ = needs_.mainQueue.repeat(firstDelay, [this] {
         timer_ = needs_.mainQueue.repeat(glanceInterval, [this] { glance(); });
@@ -44,14 +46,14 @@ bool FeedUpdaterController::isDue() const
     const auto lastCheck = needs_.rememberedState.number(lastCheckKey);
     if (!lastCheck)
         return true;
-    const double interval = std::max(*configuration_.interval, glanceInterval);
+    const double interval = std::max(*source_.checkInterval, glanceInterval);
     // A clock that was wrong and has been set back may have left a time that is far in the future.
     return std::abs(needs_.clock.now() - *lastCheck) >= interval;
 }
 
 void FeedUpdaterController::checkForUpdates()
 {
-    if (!configuration_.feed)
+    if (!source_.feed)
         return show(PackagesBringUpdates(), UpdateOccasion::asked);
     if (shown_ &&
         (std::holds_alternative<UpdateIsSought>(*shown_) || std::holds_alternative<UpdateIsFound>(*shown_)))
@@ -65,7 +67,7 @@ void FeedUpdaterController::checkForUpdates()
 
 void FeedUpdaterController::load()
 {
-    loading_ = configuration_.feed->load([this](const UpdateFeedResult& result) { finish(result); });
+    loading_ = source_.feed->load([this](const UpdateFeedResult& result) { finish(result); });
 }
 
 void FeedUpdaterController::finish(const UpdateFeedResult& result)
@@ -91,13 +93,12 @@ void FeedUpdaterController::tell(const UpdateFeedResult& result, UpdateOccasion 
             show(*failure, occasion);
         return;
     }
-    const auto& [currentVersion, systemVersion, feed, interval] = configuration_;
     const UpdateItem* update =
-        newestUpdate(std::get<std::vector<UpdateItem>>(result), currentVersion, systemVersion);
+        newestUpdate(std::get<std::vector<UpdateItem>>(result), currentVersion_, source_.systemVersion);
     if (update != nullptr && (isAsked || !isSkipped(*update)))
-        show(UpdateIsFound{*update, currentVersion}, occasion);
+        show(UpdateIsFound{*update, currentVersion_}, occasion);
     else if (isAsked)
-        show(ProgramIsUpToDate{currentVersion}, occasion);
+        show(ProgramIsUpToDate{currentVersion_}, occasion);
 }
 
 bool FeedUpdaterController::isSkipped(const UpdateItem& item) const

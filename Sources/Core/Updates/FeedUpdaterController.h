@@ -1,6 +1,5 @@
 #pragma once
 
-#include <memory>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -9,7 +8,7 @@
 #include "DefaultsStore.h"
 #include "MainQueue.h"
 #include "Token.h"
-#include "UpdateFeed.h"
+#include "UpdateSource.h"
 #include "UpdaterController.h"
 #include "Updates/UpdateUserDriver.h"
 #include "Workspace.h"
@@ -31,16 +30,6 @@ public:
         const Clock& clock;
         Workspace& workspace;
     };
-    struct Configuration {
-        std::string currentVersion; ///< Of this program.
-        std::string systemVersion;
-        /// Null: the system's packages bring updates.
-        std::shared_ptr<UpdateFeed> feed;
-        /// Seconds between two looks of its own; less than an hour counts as an hour. None: it never looks by
-        /// itself.
-        std::optional<double> interval;
-    };
-
     /// @name What is remembered from one run to the next
     /// @{
     static constexpr std::string_view lastCheckKey = "updates.lastCheck"; ///< A `Date`.
@@ -52,7 +41,8 @@ public:
     /// Seconds between two glances at the clock. A timer of a day would sleep on with the machine.
     static constexpr double glanceInterval = 3600;
 
-    FeedUpdaterController(const Needs& needs, Configuration configuration);
+    /// `currentVersion` is that of this program.
+    FeedUpdaterController(const Needs& needs, UpdateSource source, std::string currentVersion);
     ~FeedUpdaterController() override;
     FeedUpdaterController(const FeedUpdaterController&) = delete;
     FeedUpdaterController& operator=(const FeedUpdaterController&) = delete;
@@ -72,7 +62,8 @@ private:
     void obey(UpdateAnswer answer);
 
     Needs needs_;
-    Configuration configuration_;
+    UpdateSource source_;
+    std::string currentVersion_;
     Token timer_;
     Token loading_;
     UpdateOccasion occasion_ = UpdateOccasion::unasked; ///< Of what is being loaded.

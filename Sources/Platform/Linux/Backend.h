@@ -9,6 +9,7 @@
 #include "NativeWindows.h"
 #include "Platform.h"
 #include "RemoteControl.h"
+#include "UpdateSource.h"
 
 namespace tessel {
 
@@ -51,6 +52,9 @@ std::unique_ptr<RemoteControl> makeRemoteControl();
 /// The token of the user's action that started this process, or an empty text. It is taken out of the
 /// environment, so that no child process uses it again.
 std::string takeStartupID();
+
+/// Where updates come from, as this program is installed.
+UpdateSource installedUpdateSource();
 
 /// True when there is a window system to connect to.
 bool displayIsAvailable();

@@ -20,7 +20,7 @@ enum class UpdateFeedFailure {
     notTrusted,    ///< It is not signed with the key that its publisher has.
     damaged,       ///< It is signed, and is no feed.
     misconfigured, ///< Where it is, or its key, is not said in a way that can be understood.
-    incomplete,    ///< A part of the program that is needed to load it is missing.
+    incomplete,    ///< A part of the program that is needed to load it is missing, or does not work.
 };
 
 using UpdateFeedResult = std::variant<std::vector<UpdateItem>, UpdateFeedFailure>;

@@ -29,17 +29,15 @@ class FeedUpdaterTest : public testing::Test {
 protected:
     FeedUpdaterTest() { launch(); }
 
-    FeedUpdaterController::Configuration configuration()
-    {
-        return {.currentVersion = "1.0", .systemVersion = "6.1.0", .feed = feed, .interval = day};
-    }
+    UpdateSource source() { return {.feed = feed, .checkInterval = day, .systemVersion = "6.1.0"}; }
     /// The program starts, after the end of the one before.
-    void launch() { launch(configuration()); }
-    void launch(const FeedUpdaterController::Configuration& configuration)
+    void launch() { launch(source()); }
+    void launch(const UpdateSource& updateSource)
     {
         updater.reset();
         updater = std::make_unique<FeedUpdaterController>(
-            FeedUpdaterController::Needs{driver, *remembered, *queue, *clock, *workspace}, configuration);
+            FeedUpdaterController::Needs{driver, *remembered, *queue, *clock, *workspace}, updateSource,
+            "1.0");
     }
     void startLongAfterACheck()
     {
@@ -109,7 +107,7 @@ TEST_F(FeedUpdaterTest, ShowsEachFailure)
 
 TEST_F(FeedUpdaterTest, SaysThatPackagesBringUpdatesWhereNobodyHasNamedAFeed)
 {
-    auto packaged = configuration();
+    auto packaged = source();
     packaged.feed = nullptr;
     launch(packaged);
     updater->checkForUpdates();
@@ -314,13 +312,13 @@ TEST_F(FeedUpdaterTest, WithoutANetworkItTriesAgainTheNextHour)
 
 TEST_F(FeedUpdaterTest, NeverLooksByItselfUnlessConfigured)
 {
-    auto quiet = configuration();
-    quiet.interval = std::nullopt;
+    auto quiet = source();
+    quiet.checkInterval = std::nullopt;
     launch(quiet);
     startLongAfterACheck();
     EXPECT_EQ(queue->jobCount(), 0U);
 
-    auto packaged = configuration();
+    auto packaged = source();
     packaged.feed = nullptr;
     launch(packaged);
     startLongAfterACheck();
@@ -329,8 +327,8 @@ TEST_F(FeedUpdaterTest, NeverLooksByItselfUnlessConfigured)
 
 TEST_F(FeedUpdaterTest, AnIntervalOfSecondsIsAnHour)
 {
-    auto hasty = configuration();
-    hasty.interval = 1;
+    auto hasty = source();
+    hasty.checkInterval = 1;
     launch(hasty);
     startLongAfterACheck();
     queue->advance(FeedUpdaterController::firstDelay);
