@@ -8,6 +8,7 @@
 #include <memory>
 #include <optional>
 #include <string_view>
+#include <utility>
 
 #include "AppState.h"
 #include "Backend.h"
@@ -15,6 +16,8 @@
 #include "History/ImageFingerprint.h"
 #include "Panel/PanelFactory.h"
 #include "Support/Translations.h"
+#include "Updates/FeedUpdaterController.h"
+#include "Updates/UpdateWindowDriver.h"
 #include "Windows/SecondaryWindows.h"
 #include "Windows/TrustPrompt.h"
 #include "Windows/WindowTheme.h"
@@ -35,9 +38,13 @@ public:
     explicit TesselClipboardApp(std::string_view startupID)
         : backend_({.imageFingerprint = imageFingerprint, .showTrustPrompt = trustPrompt()})
         , windowTheme_(backend_.appearance())
+        , updateDriver_({windowTheme_, backend_.nativeWindows(), *backend_.platform().screens,
+                         *backend_.platform().application})
     {
         backend_.noteStartupID(startupID);
-        appState_ = AppState::create(backend_.platform(), windowFactory());
+        Platform platform = backend_.platform();
+        platform.makeUpdater = [this] { return makeUpdater(); };
+        appState_ = AppState::create(std::move(platform), windowFactory());
     }
 
     void obey(const RemoteRequest& request)
@@ -56,6 +63,9 @@ public:
         case RemoteCommand::about:
             appState_->showAboutWindow();
             break;
+        case RemoteCommand::checkForUpdates:
+            appState_->checkForUpdates();
+            break;
         case RemoteCommand::quit:
             appState_->terminate();
             break;
@@ -63,6 +73,15 @@ public:
     }
 
 private:
+    std::unique_ptr<UpdaterController> makeUpdater()
+    {
+        const Platform& platform = backend_.platform();
+        return std::make_unique<FeedUpdaterController>(
+            FeedUpdaterController::Needs{updateDriver_, backend_.rememberedState(), *platform.mainQueue,
+                                         *platform.clock, *platform.workspace},
+            installedUpdateSource(), TESSEL_VERSION);
+    }
+
     WindowFactory windowFactory()
     {
         const Platform& platform = backend_.platform();
@@ -76,6 +95,7 @@ private:
 
     Backend backend_;
     WindowTheme windowTheme_;
+    UpdateWindowDriver updateDriver_;
     std::shared_ptr<AppState> appState_;
 };
 

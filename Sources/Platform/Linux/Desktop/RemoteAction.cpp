@@ -16,6 +16,7 @@ constexpr std::array actions = {
     Action{RemoteCommand::toggleHistory, "toggle-history"},
     Action{RemoteCommand::settings, "settings"},
     Action{RemoteCommand::about, "about"},
+    Action{RemoteCommand::checkForUpdates, "check-for-updates"},
     Action{RemoteCommand::quit, "quit"},
 };
 
