@@ -6,6 +6,7 @@
 #include <QtWidgets/QHBoxLayout>
 #include <QtWidgets/QVBoxLayout>
 
+#include <algorithm>
 #include <utility>
 
 #include "Support/TextStyle.h"
@@ -21,7 +22,7 @@ namespace tessel {
 
 namespace {
 
-constexpr int windowWidth = 460; // Points, as the other lengths.
+constexpr int leastWidth = 460; // Points, as the other lengths.
 constexpr int padding = 18;
 constexpr int spacing = 14;
 constexpr int textSpacing = 6;
@@ -59,14 +60,16 @@ void UpdateWindow::showStatus(const UpdateStatus& status, std::function<void(Upd
     auto* column = new QVBoxLayout(content_);
     column->setContentsMargins(padding, padding, padding, padding);
     column->setSpacing(spacing);
-    addTexts(*column, status);
-    addButtons(*column, status);
+    QLayout* buttons = makeButtons(status);
+    const int width = std::max(leastWidth, buttons->minimumSize().width() + 2 * padding);
+    addTexts(*column, status, width - 2 * padding);
+    column->addLayout(buttons);
     new FocusRing(content_, theme_);
     layout()->addWidget(content_);
-    setFixedSize(windowWidth, column->heightForWidth(windowWidth));
+    setFixedSize(width, column->heightForWidth(width));
 }
 
-void UpdateWindow::addTexts(QBoxLayout& column, const UpdateStatus& status)
+void UpdateWindow::addTexts(QBoxLayout& column, const UpdateStatus& status, int width)
 {
     const UpdateTexts texts = updateTexts(status);
     auto* block = new QVBoxLayout;
@@ -86,16 +89,14 @@ void UpdateWindow::addTexts(QBoxLayout& column, const UpdateStatus& status)
     const auto* found = std::get_if<UpdateIsFound>(&status);
     if (found == nullptr || found->item.notes.empty())
         return;
-    notes_ =
-        new ReleaseNotesView(QString::fromStdString(found->item.notes), theme_, windowWidth - 2 * padding);
+    notes_ = new ReleaseNotesView(QString::fromStdString(found->item.notes), theme_, width);
     column.addWidget(notes_);
 }
 
-void UpdateWindow::addButtons(QBoxLayout& column, const UpdateStatus& status)
+QLayout* UpdateWindow::makeButtons(const UpdateStatus& status)
 {
     auto* row = new QHBoxLayout;
     row->setSpacing(buttonSpacing);
-    column.addLayout(row);
     const auto* found = std::get_if<UpdateIsFound>(&status);
     if (found == nullptr) {
         row->addStretch();
@@ -103,16 +104,17 @@ void UpdateWindow::addButtons(QBoxLayout& column, const UpdateStatus& status)
             addButton(*row, tr("Cancel"), UpdateAnswer::dismiss);
         else
             addProminentButton(*row, tr("OK"), UpdateAnswer::dismiss);
-        return;
+        return row;
     }
     addButton(*row, tr("Skip This Version"), UpdateAnswer::skip);
     row->addStretch();
     if (found->item.downloadPage.empty()) {
         addProminentButton(*row, tr("Remind Me Later"), UpdateAnswer::dismiss);
-        return;
+        return row;
     }
     addButton(*row, tr("Remind Me Later"), UpdateAnswer::dismiss);
     addProminentButton(*row, tr("Open Download Page"), UpdateAnswer::openDownloadPage);
+    return row;
 }
 
 void UpdateWindow::addButton(QBoxLayout& row, const QString& title, UpdateAnswer answer)

@@ -8,6 +8,7 @@
 
 class QAbstractButton;
 class QBoxLayout;
+class QLayout;
 
 namespace tessel {
 
@@ -35,8 +36,9 @@ protected:
     void closeEvent(QCloseEvent* event) override;
 
 private:
-    void addTexts(QBoxLayout& column, const UpdateStatus& status);
-    void addButtons(QBoxLayout& column, const UpdateStatus& status);
+    /// `width` is that of the texts, in points.
+    void addTexts(QBoxLayout& column, const UpdateStatus& status, int width);
+    QLayout* makeButtons(const UpdateStatus& status);
     void addButton(QBoxLayout& row, const QString& title, UpdateAnswer answer);
     void addProminentButton(QBoxLayout& row, const QString& title, UpdateAnswer answer);
     void add(QBoxLayout& row, QAbstractButton& button, UpdateAnswer answer);

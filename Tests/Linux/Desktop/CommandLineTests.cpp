@@ -25,6 +25,7 @@ TEST(CommandLine, EachOptionAsksForItsCommand)
     EXPECT_EQ(parse({"--show"}).command, RemoteCommand::openHistory);
     EXPECT_EQ(parse({"--settings"}).command, RemoteCommand::settings);
     EXPECT_EQ(parse({"--about"}).command, RemoteCommand::about);
+    EXPECT_EQ(parse({"--check-for-updates"}).command, RemoteCommand::checkForUpdates);
     EXPECT_EQ(parse({"--quit"}).command, RemoteCommand::quit);
     EXPECT_EQ(parse({"--version"}).purpose, CommandLine::Purpose::version);
     EXPECT_EQ(parse({"--help"}).purpose, CommandLine::Purpose::help);
@@ -41,7 +42,7 @@ TEST(CommandLine, NamesTheArgumentThatMakesNoSense)
 
 TEST(CommandLine, HelpNamesEveryOption)
 {
-    for (const char* option : {"--toggle", "--show", "--quit", "--version", "--help"})
+    for (const char* option : {"--toggle", "--show", "--check-for-updates", "--quit", "--version", "--help"})
         EXPECT_NE(helpText().find(option), std::string_view::npos) << option;
 }
 
