@@ -60,10 +60,10 @@ void UpdateWindow::showStatus(const UpdateStatus& status, std::function<void(Upd
     auto* column = new QVBoxLayout(content_);
     column->setContentsMargins(padding, padding, padding, padding);
     column->setSpacing(spacing);
-    QLayout* buttons = makeButtons(status);
-    const int width = std::max(leastWidth, buttons->minimumSize().width() + 2 * padding);
+    QWidget* buttons = makeButtons(status);
+    const int width = std::max(leastWidth, buttons->minimumSizeHint().width() + 2 * padding);
     addTexts(*column, status, width - 2 * padding);
-    column->addLayout(buttons);
+    column->addWidget(buttons);
     new FocusRing(content_, theme_);
     layout()->addWidget(content_);
     setFixedSize(width, column->heightForWidth(width));
@@ -93,9 +93,11 @@ void UpdateWindow::addTexts(QBoxLayout& column, const UpdateStatus& status, int 
     column.addWidget(notes_);
 }
 
-QLayout* UpdateWindow::makeButtons(const UpdateStatus& status)
+QWidget* UpdateWindow::makeButtons(const UpdateStatus& status)
 {
-    auto* row = new QHBoxLayout;
+    auto* bar = new QWidget;
+    auto* row = new QHBoxLayout(bar);
+    row->setContentsMargins(0, 0, 0, 0);
     row->setSpacing(buttonSpacing);
     const auto* found = std::get_if<UpdateIsFound>(&status);
     if (found == nullptr) {
@@ -104,17 +106,17 @@ QLayout* UpdateWindow::makeButtons(const UpdateStatus& status)
             addButton(*row, tr("Cancel"), UpdateAnswer::dismiss);
         else
             addProminentButton(*row, tr("OK"), UpdateAnswer::dismiss);
-        return row;
+        return bar;
     }
     addButton(*row, tr("Skip This Version"), UpdateAnswer::skip);
     row->addStretch();
     if (found->item.downloadPage.empty()) {
         addProminentButton(*row, tr("Remind Me Later"), UpdateAnswer::dismiss);
-        return row;
+        return bar;
     }
     addButton(*row, tr("Remind Me Later"), UpdateAnswer::dismiss);
     addProminentButton(*row, tr("Open Download Page"), UpdateAnswer::openDownloadPage);
-    return row;
+    return bar;
 }
 
 void UpdateWindow::addButton(QBoxLayout& row, const QString& title, UpdateAnswer answer)

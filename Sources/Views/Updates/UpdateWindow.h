@@ -8,7 +8,6 @@
 
 class QAbstractButton;
 class QBoxLayout;
-class QLayout;
 
 namespace tessel {
 
@@ -38,7 +37,7 @@ protected:
 private:
     /// `width` is that of the texts, in points.
     void addTexts(QBoxLayout& column, const UpdateStatus& status, int width);
-    QLayout* makeButtons(const UpdateStatus& status);
+    QWidget* makeButtons(const UpdateStatus& status);
     void addButton(QBoxLayout& row, const QString& title, UpdateAnswer answer);
     void addProminentButton(QBoxLayout& row, const QString& title, UpdateAnswer answer);
     void add(QBoxLayout& row, QAbstractButton& button, UpdateAnswer answer);

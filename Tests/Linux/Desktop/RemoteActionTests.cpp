@@ -8,7 +8,8 @@ namespace {
 TEST(RemoteAction, EveryCommandHasANameThatLeadsBackToIt)
 {
     for (const RemoteCommand command : {RemoteCommand::openHistory, RemoteCommand::toggleHistory,
-                                        RemoteCommand::settings, RemoteCommand::about, RemoteCommand::quit}) {
+                                        RemoteCommand::settings, RemoteCommand::about,
+                                        RemoteCommand::checkForUpdates, RemoteCommand::quit}) {
         EXPECT_FALSE(actionName(command).empty());
         EXPECT_EQ(commandForAction(actionName(command)), command);
     }
