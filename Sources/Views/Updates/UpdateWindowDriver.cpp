@@ -1,5 +1,8 @@
 #include "Updates/UpdateWindowDriver.h"
 
+#include <QtGui/QScreen>
+
+#include <algorithm>
 #include <utility>
 
 #include "Accessibility/WindowAccessibility.h"
@@ -20,7 +23,7 @@ void UpdateWindowDriver::show(const UpdateStatus& status, UpdateOccasion occasio
                               std::function<void(UpdateAnswer)> answer)
 {
     if (controller_)
-        return window()->showStatus(status, std::move(answer));
+        return replace(status, std::move(answer));
     std::unique_ptr<QWidget, Retirement> window(new UpdateWindow(needs_.theme));
     window->setAttribute(Qt::WA_ShowWithoutActivating, occasion == UpdateOccasion::unasked);
     controller_ =
@@ -30,6 +33,21 @@ void UpdateWindowDriver::show(const UpdateStatus& status, UpdateOccasion occasio
         bringForward();
     else
         controller_->showWindow();
+}
+
+void UpdateWindowDriver::replace(const UpdateStatus& status, std::function<void(UpdateAnswer)> answer)
+{
+    UpdateWindow& window = *this->window();
+    const QSize before = window.size();
+    window.showStatus(status, std::move(answer));
+    // It grows and shrinks around its middle, and not over the edges of the screen.
+    const QSize growth = window.size() - before;
+    const QRect visible = window.screen()->availableGeometry();
+    const QPoint last(visible.right() - window.frameGeometry().width() + 1,
+                      visible.bottom() - window.frameGeometry().height() + 1);
+    const QPoint place = window.pos() - QPoint(growth.width() / 2, growth.height() / 2);
+    window.move(std::max(std::min(place.x(), last.x()), visible.left()),
+                std::max(std::min(place.y(), last.y()), visible.top()));
 }
 
 void UpdateWindowDriver::bringForward()

@@ -35,6 +35,8 @@ public:
     UpdateWindow* window() const;
 
 private:
+    void replace(const UpdateStatus& status, std::function<void(UpdateAnswer)> answer);
+
     Needs needs_;
     std::unique_ptr<SecondaryWindowController> controller_;
 };

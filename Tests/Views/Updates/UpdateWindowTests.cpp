@@ -5,6 +5,7 @@
 #include <QtCore/QPointer>
 #include <QtGui/QAccessible>
 #include <QtGui/QImage>
+#include <QtGui/QScreen>
 #include <QtTest/QTest>
 #include <QtWidgets/QLabel>
 #include <QtWidgets/QProgressBar>
@@ -231,6 +232,24 @@ TEST_F(UpdateWindowTest, IsOneWindowForOneLook)
     EXPECT_FALSE(first->isVisible());
     runMainLoop();
     EXPECT_TRUE(first.isNull());
+}
+
+TEST_F(UpdateWindowTest, GrowsAroundItsMiddleAndStaysOnTheScreen)
+{
+    show(UpdateIsSought());
+    const QRect screen = window().screen()->availableGeometry();
+    window().move(screen.center() - window().rect().center());
+    const QPoint middle = window().geometry().center();
+    show(foundWithLongNotes());
+    EXPECT_NEAR(window().geometry().center().x(), middle.x(), 2);
+    EXPECT_NEAR(window().geometry().center().y(), middle.y(), 2);
+    show(UpdateIsSought());
+    for (const QPoint corner : {screen.topLeft(), screen.bottomRight() - window().rect().bottomRight()}) {
+        show(UpdateIsSought());
+        window().move(corner);
+        show(foundWithLongNotes());
+        EXPECT_TRUE(screen.contains(window().geometry())) << corner.x() << " " << corner.y();
+    }
 }
 
 TEST_F(UpdateWindowTest, ScrollsLongNotesByKeys)
