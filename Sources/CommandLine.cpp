@@ -17,6 +17,8 @@ std::optional<CommandLine> lineForOption(std::string_view option)
         return CommandLine{Purpose::run, RemoteCommand::settings, {}};
     if (option == "--about")
         return CommandLine{Purpose::run, RemoteCommand::about, {}};
+    if (option == "--check-for-updates")
+        return CommandLine{Purpose::run, RemoteCommand::checkForUpdates, {}};
     if (option == "--quit")
         return CommandLine{Purpose::run, RemoteCommand::quit, {}};
     if (option == "--version")
@@ -46,14 +48,15 @@ std::string_view helpText()
            "Keeps the history of what you copy. Press Super+Shift+V to open it, choose with the arrow keys,\n"
            "and press Return to paste.\n"
            "\n"
-           "  --toggle    open the history, or close it when it is open\n"
-           "  --show      open the history\n"
-           "  --clear     remove every entry from the history, pinned ones too\n"
-           "  --settings  open the settings\n"
-           "  --about     say what this program is, and its keys\n"
-           "  --quit      end the running program\n"
-           "  --version   print the version\n"
-           "  --help      print this text\n"
+           "  --toggle             open the history, or close it when it is open\n"
+           "  --show               open the history\n"
+           "  --clear              remove every entry from the history, pinned ones too\n"
+           "  --settings           open the settings\n"
+           "  --about              say what this program is, and its keys\n"
+           "  --check-for-updates  look for a new version\n"
+           "  --quit               end the running program\n"
+           "  --version            print the version\n"
+           "  --help               print this text\n"
            "\n"
            "Without an option the program starts; when it is running already, its history opens.\n";
 }

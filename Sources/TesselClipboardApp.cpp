@@ -9,6 +9,7 @@
 #include <memory>
 #include <optional>
 #include <string_view>
+#include <utility>
 
 #include "AppState.h"
 #include "Backend.h"
@@ -17,6 +18,8 @@
 #include "MenuBar/MenuBarExtra.h"
 #include "Panel/PanelFactory.h"
 #include "Support/Translations.h"
+#include "Updates/FeedUpdaterController.h"
+#include "Updates/UpdateWindowDriver.h"
 #include "Windows/SecondaryWindows.h"
 #include "Windows/TrayNotice.h"
 #include "Windows/TrayNoticeView.h"
@@ -39,9 +42,13 @@ public:
     explicit TesselClipboardApp(std::string_view startupID)
         : backend_({.imageFingerprint = imageFingerprint, .showTrustPrompt = trustPrompt()})
         , windowTheme_(backend_.appearance())
+        , updateDriver_({windowTheme_, backend_.nativeWindows(), *backend_.platform().screens,
+                         *backend_.platform().application})
     {
         backend_.noteStartupID(startupID);
-        appState_ = AppState::create(backend_.platform(), windowFactory());
+        Platform platform = backend_.platform();
+        platform.makeUpdater = [this] { return makeUpdater(); };
+        appState_ = AppState::create(std::move(platform), windowFactory());
         menuBarExtra_.emplace(*appState_, backend_.statusItem(), windowTheme_, *backend_.platform().screens);
         trayNotice_.emplace(trayNoticeNeeds());
     }
@@ -65,6 +72,9 @@ public:
         case RemoteCommand::about:
             appState_->showAboutWindow();
             break;
+        case RemoteCommand::checkForUpdates:
+            appState_->checkForUpdates();
+            break;
         case RemoteCommand::quit:
             appState_->terminate();
             break;
@@ -72,6 +82,15 @@ public:
     }
 
 private:
+    std::unique_ptr<UpdaterController> makeUpdater()
+    {
+        const Platform& platform = backend_.platform();
+        return std::make_unique<FeedUpdaterController>(
+            FeedUpdaterController::Needs{updateDriver_, backend_.rememberedState(), *platform.mainQueue,
+                                         *platform.clock, *platform.workspace},
+            installedUpdateSource(), TESSEL_VERSION);
+    }
+
     WindowFactory windowFactory()
     {
         const Platform& platform = backend_.platform();
@@ -96,6 +115,7 @@ private:
 
     Backend backend_;
     WindowTheme windowTheme_;
+    UpdateWindowDriver updateDriver_;
     std::shared_ptr<AppState> appState_;
     std::optional<MenuBarExtra> menuBarExtra_;
     std::optional<TrayNotice> trayNotice_;

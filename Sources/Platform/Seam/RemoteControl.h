@@ -7,12 +7,13 @@ namespace tessel {
 
 /// What another process may ask of the running program. Nothing of the history can be read that way.
 enum class RemoteCommand {
-    openHistory,   ///< Shows the history panel.
-    toggleHistory, ///< Shows the history panel, or closes it when it is visible.
-    clearHistory,  ///< Removes every entry and every pin, at once.
-    settings,      ///< Shows the settings window.
-    about,         ///< Shows the about window.
-    quit,          ///< Ends the program.
+    openHistory,     ///< Shows the history panel.
+    toggleHistory,   ///< Shows the history panel, or closes it when it is visible.
+    clearHistory,    ///< Removes every entry and every pin, at once.
+    settings,        ///< Shows the settings window.
+    about,           ///< Shows the about window.
+    checkForUpdates, ///< Looks for updates, and shows what comes of it.
+    quit,            ///< Ends the program.
 };
 
 /// A command with the token by which the desktop knows the user's action that led to it, or an empty text

@@ -2,6 +2,7 @@
 
 #include <QtWidgets/QAccessibleWidget>
 
+#include "Updates/UpdateWindow.h"
 #include "Windows/AccessibilityOnboardingView.h"
 #include "Windows/ChromelessWindow.h"
 #include "Windows/Controls/PushButton.h"
@@ -55,7 +56,8 @@ QAccessibleInterface* describe(const QString& /*className*/, QObject* object)
         return new AccessibleButton(*button, QAccessible::RadioButton);
     auto* widget = qobject_cast<QWidget*>(object);
     const bool isWindow = qobject_cast<ChromelessWindow*>(object) != nullptr ||
-                          qobject_cast<AccessibilityOnboardingView*>(object) != nullptr;
+                          qobject_cast<AccessibilityOnboardingView*>(object) != nullptr ||
+                          qobject_cast<UpdateWindow*>(object) != nullptr;
     return isWindow ? new QAccessibleWidget(widget, QAccessible::Window) : nullptr;
 }
 

@@ -26,6 +26,7 @@ TEST(CommandLine, EachOptionAsksForItsCommand)
     EXPECT_EQ(parse({"--clear"}).command, RemoteCommand::clearHistory);
     EXPECT_EQ(parse({"--settings"}).command, RemoteCommand::settings);
     EXPECT_EQ(parse({"--about"}).command, RemoteCommand::about);
+    EXPECT_EQ(parse({"--check-for-updates"}).command, RemoteCommand::checkForUpdates);
     EXPECT_EQ(parse({"--quit"}).command, RemoteCommand::quit);
     EXPECT_EQ(parse({"--version"}).purpose, CommandLine::Purpose::version);
     EXPECT_EQ(parse({"--help"}).purpose, CommandLine::Purpose::help);
@@ -42,8 +43,8 @@ TEST(CommandLine, NamesTheArgumentThatMakesNoSense)
 
 TEST(CommandLine, HelpNamesEveryOption)
 {
-    for (const char* option :
-         {"--toggle", "--show", "--clear", "--settings", "--about", "--quit", "--version", "--help"})
+    for (const char* option : {"--toggle", "--show", "--clear", "--settings", "--about", "--check-for-updates",
+                               "--quit", "--version", "--help"})
         EXPECT_NE(helpText().find(option), std::string_view::npos) << option;
 }
 

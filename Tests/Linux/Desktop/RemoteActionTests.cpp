@@ -9,7 +9,8 @@ TEST(RemoteAction, EveryCommandHasANameThatLeadsBackToIt)
 {
     for (const RemoteCommand command :
          {RemoteCommand::openHistory, RemoteCommand::toggleHistory, RemoteCommand::clearHistory,
-          RemoteCommand::settings, RemoteCommand::about, RemoteCommand::quit}) {
+          RemoteCommand::settings, RemoteCommand::about, RemoteCommand::checkForUpdates,
+          RemoteCommand::quit}) {
         EXPECT_FALSE(actionName(command).empty());
         EXPECT_EQ(commandForAction(actionName(command)), command);
     }

@@ -17,6 +17,7 @@ constexpr std::array actions = {
     Action{RemoteCommand::clearHistory, "clear-history"},
     Action{RemoteCommand::settings, "settings"},
     Action{RemoteCommand::about, "about"},
+    Action{RemoteCommand::checkForUpdates, "check-for-updates"},
     Action{RemoteCommand::quit, "quit"},
 };
 

@@ -1,0 +1,156 @@
+#include "Updates/SignedUpdateFeed.h"
+
+#include <memory>
+#include <optional>
+
+#include "FeedKey.h"
+#include "Updates/HTTPSDownload.h"
+#include "UpdatesTest.h"
+
+namespace tessel::test {
+namespace {
+
+using testing::SizeIs;
+
+QByteArray feedWith(const QByteArray& version)
+{
+    return "<rss xmlns:sparkle=\"http://www.andymatuschak.org/xml-namespaces/sparkle\"><channel><item>"
+           "<sparkle:version>" +
+           version + "</sparkle:version></item></channel></rss>";
+}
+
+class SignedUpdateFeedTest : public UpdatesTest {
+protected:
+    SignedUpdateFeed::Download download()
+    {
+        return [this](const QUrl& address, qint64 largestSize, std::function<void(DownloadResult)> done) {
+            auto download = std::make_shared<HTTPSDownload>(
+                address, HTTPSDownload::Limits{largestSize, std::chrono::minutes(10)}, std::move(done),
+                security());
+            return Token([download]() mutable { download.reset(); });
+        };
+    }
+    UpdateFeedResult load(const QByteArray& path = "/feed.xml",
+                          std::chrono::milliseconds timeLimit = std::chrono::minutes(10))
+    {
+        SignedUpdateFeed feed({server_.address(path), key_.publicKey()}, download(), timeLimit);
+        std::optional<UpdateFeedResult> result;
+        const Token loading = feed.load([&result](const UpdateFeedResult& there) { result = there; });
+        EXPECT_EQ(result, std::nullopt) << "it is too early";
+        EXPECT_TRUE(runUntil([&result] { return result.has_value(); }));
+        return result.value();
+    }
+    void publish(const QByteArray& feed) { publish(feed, key_.sign(feed)); }
+    void publish(const QByteArray& feed, const QByteArray& signature)
+    {
+        server_.answer("/feed.xml", {.content = feed});
+        server_.answer("/feed.xml.sig", {.content = signature});
+    }
+
+    FeedKey key_;
+};
+
+TEST_F(SignedUpdateFeedTest, HasTheItemsOfASignedFeed)
+{
+    publish(feedWith("1.2"));
+    const auto result = load();
+    ASSERT_TRUE(std::holds_alternative<std::vector<UpdateItem>>(result));
+    const auto& items = std::get<std::vector<UpdateItem>>(result);
+    ASSERT_THAT(items, SizeIs(1));
+    EXPECT_EQ(items[0].version, "1.2");
+}
+
+TEST_F(SignedUpdateFeedTest, FindsTheSignatureBehindThePath)
+{
+    server_.answer("/feed?channel=a%20b", {.content = feedWith("1.2")});
+    server_.answer("/feed.sig?channel=a%20b", {.content = key_.sign(feedWith("1.2"))});
+    EXPECT_TRUE(std::holds_alternative<std::vector<UpdateItem>>(load("/feed?channel=a%20b")));
+}
+
+TEST_F(SignedUpdateFeedTest, DoesNotTrustAWrongSignature)
+{
+    const QByteArray feed = feedWith("1.2");
+    for (const QByteArray& signature :
+         {FeedKey().sign(feed), key_.sign(feedWith("1.1")), QByteArray("no signature"), QByteArray(),
+          key_.sign(feed).chopped(4), QByteArray(5000, 'A')}) {
+        publish(feed, signature);
+        EXPECT_EQ(load(), UpdateFeedResult(UpdateFeedFailure::notTrusted));
+    }
+}
+
+TEST_F(SignedUpdateFeedTest, DoesNotTrustAFeedWithoutASignature)
+{
+    server_.answer("/feed.xml", {.content = feedWith("1.2")});
+    EXPECT_EQ(load(), UpdateFeedResult(UpdateFeedFailure::notTrusted));
+}
+
+TEST_F(SignedUpdateFeedTest, SaysNothingOfADamagedFeedThatNobodyHasSigned)
+{
+    publish("<rss", "no signature");
+    EXPECT_EQ(load(), UpdateFeedResult(UpdateFeedFailure::notTrusted));
+    publish("<rss");
+    EXPECT_EQ(load(), UpdateFeedResult(UpdateFeedFailure::damaged));
+}
+
+TEST_F(SignedUpdateFeedTest, TellsWhyThereIsNoFeed)
+{
+    EXPECT_EQ(load(), UpdateFeedResult(UpdateFeedFailure::noFeed));
+    server_.answer("/feed.xml", {.content = "", .status = "500 Internal Server Error"});
+    EXPECT_EQ(load(), UpdateFeedResult(UpdateFeedFailure::serverTrouble));
+    server_.answer("/feed.xml", {.content = "", .manner = Answer::Manner::endless});
+    EXPECT_EQ(load(), UpdateFeedResult(UpdateFeedFailure::tooLarge));
+    publish(feedWith("1.2"));
+    server_.answer("/feed.xml.sig", {.content = "", .status = "503 Service Unavailable"});
+    EXPECT_EQ(load(), UpdateFeedResult(UpdateFeedFailure::serverTrouble));
+}
+
+TEST_F(SignedUpdateFeedTest, TakesAFeedOfAMegabyteAndNoLargerOne)
+{
+    QByteArray feed = feedWith("1.2");
+    const QByteArray end = "</channel></rss>";
+    const qsizetype missing = SignedUpdateFeed::largestFeed - feed.size();
+    feed.replace(end, QByteArray(missing, ' ') + end);
+    publish(feed);
+    EXPECT_TRUE(std::holds_alternative<std::vector<UpdateItem>>(load()));
+    feed += ' ';
+    publish(feed);
+    EXPECT_EQ(load(), UpdateFeedResult(UpdateFeedFailure::tooLarge));
+}
+
+TEST_F(SignedUpdateFeedTest, HasOneTimeLimitForBothFiles)
+{
+    publish(feedWith("1.2"));
+    server_.answer("/feed.xml.sig", {.content = "", .manner = Answer::Manner::trickling});
+    EXPECT_EQ(load("/feed.xml", std::chrono::milliseconds(700)),
+              UpdateFeedResult(UpdateFeedFailure::timedOut));
+}
+
+TEST_F(SignedUpdateFeedTest, CancelledAnywhereItClosesItsConnection)
+{
+    publish(feedWith("1.2"));
+    server_.answer("/slow.xml", {.content = "", .manner = Answer::Manner::trickling});
+    server_.answer("/feed.xml.sig", {.content = "", .manner = Answer::Manner::silent});
+    for (const auto& [path, awaited] :
+         {std::pair("/slow.xml", "/slow.xml "), std::pair("/feed.xml", "/feed.xml.sig ")}) {
+        SignedUpdateFeed feed({server_.address(path), key_.publicKey()}, download());
+        bool isDone = false;
+        Token loading = feed.load([&isDone](const UpdateFeedResult&) { isDone = true; });
+        ASSERT_TRUE(runUntil([&, text = awaited] {
+            return !server_.requests().empty() && server_.requests().back().contains(text);
+        }));
+        loading.reset();
+        EXPECT_TRUE(runUntil([this] { return server_.openConnections() == 0; }));
+        EXPECT_FALSE(isDone);
+    }
+}
+
+TEST_F(SignedUpdateFeedTest, LoadsAnewEachTime)
+{
+    publish(feedWith("1.1"));
+    load();
+    publish(feedWith("1.2"));
+    EXPECT_EQ(std::get<std::vector<UpdateItem>>(load()).at(0).version, "1.2");
+}
+
+} // namespace
+} // namespace tessel::test
