@@ -1,3 +1,5 @@
+#include <memory>
+
 #include "AppKitApplication.h"
 #include "Support/MacOSTest.h"
 #include "Support/System.h"
@@ -53,7 +55,8 @@ TEST_F(ApplicationTests, TellsOfBecomingActiveAndOfNoLongerBeingItUntilTheTokenI
         "usingBlock:^]",
         Object{"resigning"});
     int changes = 0;
-    Token token = application.observeActivity([&changes] { ++changes; });
+    Token token =
+        application.observeActivity([&changes, step = std::make_shared<int>(1)] { changes += *step; });
 
     notify("becoming");
     EXPECT_EQ(changes, 1);

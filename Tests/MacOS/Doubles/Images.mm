@@ -14,6 +14,13 @@ using namespace tessel::test;
     return Reply(message("NSImage", "initWithPasteboard:", pasteboard)).initialized(self);
 }
 
++ (instancetype)imageWithSystemSymbolName:(NSString*)name accessibilityDescription:(NSString*)description
+{
+    return Reply(message("NSImage", "imageWithSystemSymbolName:", name,
+                         "accessibilityDescription:", description))
+        .object(self);
+}
+
 - (NSData*)TIFFRepresentation
 {
     return Reply(message(self, "TIFFRepresentation")).bytes();

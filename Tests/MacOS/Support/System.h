@@ -24,6 +24,8 @@ void runNextBlock();
 std::size_t waitingBlocks();
 /// The interval of a scheduled timer has passed. Fails the test when it is not scheduled.
 void fireTimer(const std::string& timer);
+/// The user chooses a row of the status item's menu. Fails the test when it cannot be chosen.
+void chooseMenuItem(const std::string& title);
 /// A notification comes for an observer. Fails the test when it does not observe.
 void notify(const std::string& observer);
 

@@ -30,6 +30,9 @@ typedef NSString* NSImageHintKey;
 - (nullable instancetype)initWithPasteboard:(NSPasteboard*)pasteboard;
 @property(nullable, readonly, copy) NSData* TIFFRepresentation;
 @property(readonly) NSSize size;
++ (nullable instancetype)imageWithSystemSymbolName:(NSString*)name
+                          accessibilityDescription:(nullable NSString*)description
+    API_AVAILABLE_MACOS(11.0);
 - (nullable CGImageRef)CGImageForProposedRect:(nullable NSRect*)proposedRect
                                       context:(nullable NSGraphicsContext*)context
                                         hints:(nullable NSDictionary<NSImageHintKey, id>*)hints;
@@ -97,6 +100,59 @@ FOUNDATION_EXPORT NSNotificationName const NSApplicationDidResignActiveNotificat
 @property(readonly, getter=isActive) BOOL active;
 - (void)activateIgnoringOtherApps:(BOOL)ignoringOtherApps;
 - (void)terminate:(nullable id)sender;
+@end
+
+@interface NSColor : NSObject
+@property (class, readonly, strong) NSColor* secondaryLabelColor;
+@end
+
+typedef NSString* NSFontTextStyle;
+FOUNDATION_EXPORT NSFontTextStyle const NSFontTextStyleHeadline;
+FOUNDATION_EXPORT NSFontTextStyle const NSFontTextStyleCaption1;
+typedef NSString* NSFontTextStyleOptionKey;
+
+@interface NSFont : NSObject
++ (NSFont*)preferredFontForTextStyle:(NSFontTextStyle)style
+                             options:(NSDictionary<NSFontTextStyleOptionKey, id>*)options
+    API_AVAILABLE_MACOS(11.0);
+@end
+
+FOUNDATION_EXPORT NSAttributedStringKey const NSFontAttributeName;
+FOUNDATION_EXPORT NSAttributedStringKey const NSForegroundColorAttributeName;
+
+@interface NSMenuItem : NSObject
++ (NSMenuItem*)separatorItem;
+- (instancetype)initWithTitle:(NSString*)title
+                       action:(nullable SEL)action
+                keyEquivalent:(NSString*)keyEquivalent;
+@property (nullable, copy) NSAttributedString* attributedTitle;
+@property (getter=isEnabled) BOOL enabled;
+@property (nullable, weak) id target;
+@end
+
+@interface NSMenu : NSObject
+@property BOOL autoenablesItems;
+- (void)addItem:(NSMenuItem*)item;
+- (void)removeAllItems;
+@end
+
+@interface NSStatusBarButton : NSObject
+@property (nullable, strong) NSImage* image;
+@property (copy) NSString* title;
+@end
+
+@interface NSStatusItem : NSObject
+@property (nullable, readonly, strong) NSStatusBarButton* button;
+@property (nullable, strong) NSMenu* menu;
+@property (getter=isVisible) BOOL visible;
+@end
+
+static const CGFloat NSVariableStatusItemLength = -1.0;
+
+@interface NSStatusBar : NSObject
+@property (class, readonly, strong) NSStatusBar* systemStatusBar;
+- (NSStatusItem*)statusItemWithLength:(CGFloat)length;
+- (void)removeStatusItem:(NSStatusItem*)item;
 @end
 
 NS_ASSUME_NONNULL_END

@@ -129,6 +129,17 @@ typedef struct {
 @property(readonly) const void* bytes NS_RETURNS_INNER_POINTER;
 @end
 
+typedef NSString* NSAttributedStringKey;
+
+@interface NSAttributedString : NSObject <NSCopying>
+- (instancetype)initWithString:(NSString*)string
+                    attributes:(nullable NSDictionary<NSAttributedStringKey, id>*)attributes;
+@end
+
+@interface NSMutableAttributedString : NSAttributedString
+- (void)appendAttributedString:(NSAttributedString*)string;
+@end
+
 @interface NSURL : NSObject
 + (nullable instancetype)URLWithString:(NSString*)address;
 @end
