@@ -28,9 +28,12 @@ struct Numbers {
     std::vector<double> values;
 };
 
+/// There is no answer: nobody announced the call.
+struct Unannounced {};
+
 /// What a double answers to a call: a truth value, an integer or status, a number, a text, or one of the
 /// above.
-using Answer =
-    std::variant<Nothing, Nil, bool, std::int64_t, double, std::string, Object, Objects, Bytes, Numbers>;
+using Answer = std::variant<Nothing, Nil, bool, std::int64_t, double, std::string, Object, Objects, Bytes,
+                            Numbers, Unannounced>;
 
 } // namespace tessel::test

@@ -39,12 +39,12 @@ Answer CallScript::receive(const std::string& call)
 {
     if (announced_.empty()) {
         ADD_FAILURE() << "Nobody announced the call  " << call;
-        return Nothing{};
+        return Unannounced{};
     }
     if (announced_.front().call != call) {
         ADD_FAILURE() << "Announced was the call  " << announced_.front().call << "\n     what came was  "
                       << call;
-        return Nothing{};
+        return Unannounced{};
     }
     Answer answer = std::move(announced_.front().answer);
     announced_.pop_front();

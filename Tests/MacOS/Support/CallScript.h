@@ -24,7 +24,7 @@ public:
     /// `[pasteboard setString:@"text" forType:@"public.utf8-plain-text"]`, `AXIsProcessTrusted()`.
     void announce(std::string call, Answer answer);
 
-    /// A double has been called. A call that was not announced has no answer.
+    /// A double has been called. One that was not announced is answered by `Unannounced`.
     Answer receive(const std::string& call);
 
     /// The system has been asked for something that has to be given back, such as the installation of a
