@@ -231,7 +231,9 @@ void chooseMenuItem(const std::string& title)
         ADD_FAILURE() << "Nothing in the menu can be chosen that is called " << title;
         return;
     }
-    objc::send((__bridge void*)item->target_, objc::selectorName(item->action_), (__bridge void*)item);
+    // Nobody keeps the target for the length of the message.
+    void* const target = (__bridge void*)item->target_;
+    objc::send(target, objc::selectorName(item->action_), (__bridge void*)item);
 }
 
 } // namespace tessel::test
