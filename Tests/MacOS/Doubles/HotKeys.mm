@@ -1,0 +1,167 @@
+#include <Carbon/Carbon.h>
+
+#include <algorithm>
+#include <cstring>
+#include <list>
+#include <vector>
+
+#import "Doubles/Message.h"
+#import "Doubles/Reply.h"
+#include "Support/CallScript.h"
+#include "Support/System.h"
+
+using namespace tessel::test;
+
+struct OpaqueEventTargetRef {};
+
+struct OpaqueEventHandlerRef {
+    EventHandlerUPP handler;
+    std::vector<EventTypeSpec> types;
+    void* userData;
+};
+
+struct OpaqueEventHotKeyRef {};
+
+struct OpaqueEventRef {
+    EventHotKeyID identifier;
+};
+
+namespace {
+
+constexpr OSStatus notHandled = -9874;
+
+OpaqueEventTargetRef applicationTarget;
+
+std::list<OpaqueEventHandlerRef>& handlers()
+{
+    static auto* installed = new std::list<OpaqueEventHandlerRef>;
+    return *installed;
+}
+
+std::list<OpaqueEventHotKeyRef>& hotKeys()
+{
+    static auto* registered = new std::list<OpaqueEventHotKeyRef>;
+    return *registered;
+}
+
+Word describeTarget(EventTargetRef target)
+{
+    return {target == &applicationTarget ? "application target" : "another target"};
+}
+
+Word describeIdentifier(EventHotKeyID identifier)
+{
+    return {"{" + describe(FourCharacterCode{identifier.signature}) + ", " + describe(identifier.id) + "}"};
+}
+
+Word describeTypes(ItemCount count, const EventTypeSpec* types)
+{
+    std::string text;
+    for (ItemCount index = 0; index < count; ++index)
+        text += "{" + describe(FourCharacterCode{types[index].eventClass}) + ", " +
+                describe(types[index].eventKind) + "}";
+    return {text};
+}
+
+/// Removes what the reference stands for. Fails the test when there is nothing of that kind.
+template <class Registration>
+void remove(std::list<Registration>& registrations, const Registration* reference, const char* kind)
+{
+    CallScript::current().givenBack(kind);
+    registrations.remove_if([reference](const Registration& other) { return &other == reference; });
+}
+
+OSStatus callHandlers(EventRef event, bool withUserData)
+{
+    for (const OpaqueEventHandlerRef& installed : handlers())
+        return installed.handler(nullptr, event, withUserData ? installed.userData : nullptr);
+    return notHandled;
+}
+
+} // namespace
+
+extern "C" {
+
+EventTargetRef GetApplicationEventTarget(void)
+{
+    Reply(call("GetApplicationEventTarget")).nothing();
+    return &applicationTarget;
+}
+
+OSStatus InstallEventHandler(EventTargetRef target, EventHandlerUPP handler, ItemCount typeCount,
+                             const EventTypeSpec* types, void* userData, EventHandlerRef* handlerRef)
+{
+    const auto status = static_cast<OSStatus>(
+        Reply(call("InstallEventHandler", describeTarget(target), Word{"handler"}, typeCount,
+                   describeTypes(typeCount, types), Word{userData != nullptr ? "user data" : "NULL"},
+                   Word{"&handlerRef"}))
+            .integer());
+    if (status != noErr)
+        return status;
+    handlers().push_back({handler, {types, types + typeCount}, userData});
+    *handlerRef = &handlers().back();
+    CallScript::current().taken("event handler");
+    return status;
+}
+
+OSStatus RemoveEventHandler(EventHandlerRef handler)
+{
+    remove(handlers(), handler, "event handler");
+    return static_cast<OSStatus>(Reply(call("RemoveEventHandler", Word{"handlerRef"})).integer());
+}
+
+OSStatus RegisterEventHotKey(UInt32 keyCode, UInt32 modifiers, EventHotKeyID identifier,
+                             EventTargetRef target, OptionBits options, EventHotKeyRef* hotKeyRef)
+{
+    const auto status = static_cast<OSStatus>(
+        Reply(call("RegisterEventHotKey", keyCode, Mask{modifiers}, describeIdentifier(identifier),
+                   describeTarget(target), options, Word{"&hotKeyRef"}))
+            .integer());
+    if (status != noErr)
+        return status;
+    *hotKeyRef = &hotKeys().emplace_back();
+    CallScript::current().taken("hot key");
+    return status;
+}
+
+OSStatus UnregisterEventHotKey(EventHotKeyRef hotKey)
+{
+    remove(hotKeys(), hotKey, "hot key");
+    return static_cast<OSStatus>(Reply(call("UnregisterEventHotKey", Word{"hotKeyRef"})).integer());
+}
+
+OSStatus GetEventParameter(EventRef event, EventParamName name, EventParamType type,
+                           EventParamType* actualType, ByteCount bufferSize, ByteCount* actualSize,
+                           void* data)
+{
+    const auto status = static_cast<OSStatus>(
+        Reply(call("GetEventParameter", Word{"event"}, FourCharacterCode{name}, FourCharacterCode{type},
+                   Word{actualType == nullptr ? "NULL" : "&actualType"}, bufferSize,
+                   Word{actualSize == nullptr ? "NULL" : "&actualSize"}, Word{"&data"}))
+            .integer());
+    if (status == noErr)
+        std::memcpy(data, &event->identifier, std::min(bufferSize, sizeof event->identifier));
+    return status;
+}
+}
+
+namespace tessel::test {
+
+std::int32_t pressHotKey(std::uint32_t signature, std::uint32_t id)
+{
+    OpaqueEventRef event = {{signature, id}};
+    return callHandlers(&event, true);
+}
+
+std::int32_t callHotKeyHandlerWithoutEvent()
+{
+    return callHandlers(nullptr, true);
+}
+
+std::int32_t callHotKeyHandlerWithoutUserData()
+{
+    OpaqueEventRef event = {{0x434C4950, 1}};
+    return callHandlers(&event, false);
+}
+
+} // namespace tessel::test

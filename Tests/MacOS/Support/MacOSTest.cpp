@@ -1,0 +1,27 @@
+#include "Support/MacOSTest.h"
+
+#include <utility>
+
+namespace tessel::test {
+
+MacOSTest::MacOSTest()
+{
+    pool_.emplace();
+}
+
+/// The members of the test's own class are gone when it runs.
+MacOSTest::~MacOSTest()
+{
+    pool_.reset();
+    script_.expectAllReceived();
+    script_.expectAllGivenBack();
+    for (const std::string& object : objc::liveObjects())
+        ADD_FAILURE() << "Still alive: " << object;
+}
+
+void MacOSTest::expectCall(std::string call, Answer answer)
+{
+    script_.announce(std::move(call), std::move(answer));
+}
+
+} // namespace tessel::test
