@@ -9,6 +9,9 @@ install(FILES ${resources}/${application_id}.desktop DESTINATION ${CMAKE_INSTALL
 install(FILES ${resources}/${application_id}.metainfo.xml DESTINATION ${CMAKE_INSTALL_DATADIR}/metainfo)
 install(FILES ${resources}/Icons/${application_id}.svg
     DESTINATION ${CMAKE_INSTALL_DATADIR}/icons/hicolor/scalable/apps)
+# Some menu bars paint the item's symbol in the colour of their texts, when they find it under this kind of name.
+install(FILES ${resources}/document.on.clipboard.fill.svg
+    DESTINATION ${CMAKE_INSTALL_DATADIR}/icons/hicolor/symbolic/apps RENAME ${application_id}-symbolic.svg)
 # The bus wants an absolute path, and the prefix may be chosen as late as at the installation.
 install(CODE "
     set(service_file \"${application_id}.service\")

@@ -5,7 +5,7 @@
     <name>AccessibleHistoryRow</name>
     <message>
         <source>%1, pinned, %2</source>
-        <extracomment>An entry's kind and the time at which it was copied.</extracomment>
+        <extracomment>An entry&apos;s kind and the time at which it was copied.</extracomment>
         <translation>%1, angeheftet, %2</translation>
     </message>
     <message>
@@ -96,6 +96,113 @@
     <message>
         <source>The entry is on the clipboard. In this session programs cannot send keys to each other, so Tessel Clipboard cannot paste it for you: press Ctrl+V where you want it.</source>
         <translation>Der Eintrag liegt in der Zwischenablage. In dieser Sitzung können Programme einander keine Tasten senden, daher kann Tessel Clipboard ihn nicht selbst einfügen: Strg+V an der gewünschten Stelle fügt ihn ein.</translation>
+    </message>
+</context>
+<context>
+    <name>UpdateTexts</name>
+    <message>
+        <source>Checking for updates…</source>
+        <translation>Es wird nach Updates gesucht …</translation>
+    </message>
+    <message>
+        <source>You&apos;re up to date!</source>
+        <translation>Sie haben die neueste Version!</translation>
+    </message>
+    <message>
+        <source>Tessel Clipboard %1 is the newest version available.</source>
+        <translation>Tessel Clipboard %1 ist die neueste Version, die es gibt.</translation>
+    </message>
+    <message>
+        <source>Tessel Clipboard %1 is now available. You have %2.</source>
+        <translation>Tessel Clipboard %1 ist erschienen. Sie haben %2.</translation>
+    </message>
+    <message>
+        <source>A new version of Tessel Clipboard is available!</source>
+        <translation>Es gibt eine neue Version von Tessel Clipboard!</translation>
+    </message>
+    <message>
+        <source>Get it where you got this one.</source>
+        <translation>Sie bekommen sie dort, wo Sie diese bekommen haben.</translation>
+    </message>
+    <message>
+        <source>Updates come with your system</source>
+        <translation>Updates kommen mit Ihrem System</translation>
+    </message>
+    <message>
+        <source>Tessel Clipboard is updated together with the other packages of your system. Look for updates where you do so for those.</source>
+        <translation>Tessel Clipboard wird zusammen mit den anderen Paketen Ihres Systems aktualisiert. Suchen Sie dort nach Updates, wo Sie es auch für diese tun.</translation>
+    </message>
+    <message>
+        <source>The update server cannot be reached</source>
+        <translation>Der Update-Server ist nicht erreichbar</translation>
+    </message>
+    <message>
+        <source>Check your connection to the Internet, and try again.</source>
+        <translation>Prüfen Sie Ihre Verbindung zum Internet, und versuchen Sie es noch einmal.</translation>
+    </message>
+    <message>
+        <source>The connection to the update server is not secure</source>
+        <translation>Die Verbindung zum Update-Server ist nicht sicher</translation>
+    </message>
+    <message>
+        <source>Perhaps this network wants you to log in first, or your computer&apos;s clock is wrong. Otherwise somebody may be reading along. Try again later, or from another network.</source>
+        <translation>Vielleicht verlangt dieses Netz erst eine Anmeldung, oder die Uhr Ihres Computers geht falsch. Sonst liest womöglich jemand mit. Versuchen Sie es später noch einmal, oder aus einem anderen Netz.</translation>
+    </message>
+    <message>
+        <source>The list of versions is not there</source>
+        <translation>Die Liste der Versionen ist nicht da</translation>
+    </message>
+    <message>
+        <source>The update server does not have it where it should be. Try again later.</source>
+        <translation>Der Update-Server hat sie nicht dort, wo sie sein sollte. Versuchen Sie es später noch einmal.</translation>
+    </message>
+    <message>
+        <source>The update server has a problem</source>
+        <translation>Der Update-Server hat ein Problem</translation>
+    </message>
+    <message>
+        <source>Try again later.</source>
+        <translation>Versuchen Sie es später noch einmal.</translation>
+    </message>
+    <message>
+        <source>The update server takes too long to answer</source>
+        <translation>Der Update-Server braucht zu lange für eine Antwort</translation>
+    </message>
+    <message>
+        <source>The list of versions is too large</source>
+        <translation>Die Liste der Versionen ist zu groß</translation>
+    </message>
+    <message>
+        <source>It has not been read. Try again later.</source>
+        <translation>Sie wurde nicht gelesen. Versuchen Sie es später noch einmal.</translation>
+    </message>
+    <message>
+        <source>The list of versions cannot be trusted</source>
+        <translation>Der Liste der Versionen ist nicht zu trauen</translation>
+    </message>
+    <message>
+        <source>It is not signed by the publisher of Tessel Clipboard, and has not been read. Try again later.</source>
+        <translation>Sie ist nicht vom Herausgeber von Tessel Clipboard unterschrieben und wurde nicht gelesen. Versuchen Sie es später noch einmal.</translation>
+    </message>
+    <message>
+        <source>The list of versions is damaged</source>
+        <translation>Die Liste der Versionen ist beschädigt</translation>
+    </message>
+    <message>
+        <source>Updates are not set up correctly</source>
+        <translation>Updates sind nicht richtig eingerichtet</translation>
+    </message>
+    <message>
+        <source>The file updates.json, which came with this installation, cannot be understood. Ask whoever installed Tessel Clipboard.</source>
+        <translation>Die Datei updates.json, die mit dieser Installation kam, ist nicht zu verstehen. Fragen Sie, wer Tessel Clipboard installiert hat.</translation>
+    </message>
+    <message>
+        <source>A part of Tessel Clipboard does not work</source>
+        <translation>Ein Teil von Tessel Clipboard funktioniert nicht</translation>
+    </message>
+    <message>
+        <source>The program that loads the list of versions is missing or damaged. Install Tessel Clipboard again.</source>
+        <translation>Das Programm, das die Liste der Versionen lädt, fehlt oder ist beschädigt. Installieren Sie Tessel Clipboard neu.</translation>
     </message>
 </context>
 <context>
@@ -351,113 +458,6 @@ tessel-clipboard --quit</translation>
     <message>
         <source>OK</source>
         <translation>OK</translation>
-    </message>
-</context>
-<context>
-    <name>UpdateTexts</name>
-    <message>
-        <source>Checking for updates…</source>
-        <translation>Es wird nach Updates gesucht …</translation>
-    </message>
-    <message>
-        <source>You're up to date!</source>
-        <translation>Sie haben die neueste Version!</translation>
-    </message>
-    <message>
-        <source>Tessel Clipboard %1 is the newest version available.</source>
-        <translation>Tessel Clipboard %1 ist die neueste Version, die es gibt.</translation>
-    </message>
-    <message>
-        <source>Tessel Clipboard %1 is now available. You have %2.</source>
-        <translation>Tessel Clipboard %1 ist erschienen. Sie haben %2.</translation>
-    </message>
-    <message>
-        <source>A new version of Tessel Clipboard is available!</source>
-        <translation>Es gibt eine neue Version von Tessel Clipboard!</translation>
-    </message>
-    <message>
-        <source>Get it where you got this one.</source>
-        <translation>Sie bekommen sie dort, wo Sie diese bekommen haben.</translation>
-    </message>
-    <message>
-        <source>Updates come with your system</source>
-        <translation>Updates kommen mit Ihrem System</translation>
-    </message>
-    <message>
-        <source>Tessel Clipboard is updated together with the other packages of your system. Look for updates where you do so for those.</source>
-        <translation>Tessel Clipboard wird zusammen mit den anderen Paketen Ihres Systems aktualisiert. Suchen Sie dort nach Updates, wo Sie es auch für diese tun.</translation>
-    </message>
-    <message>
-        <source>The update server cannot be reached</source>
-        <translation>Der Update-Server ist nicht erreichbar</translation>
-    </message>
-    <message>
-        <source>Check your connection to the Internet, and try again.</source>
-        <translation>Prüfen Sie Ihre Verbindung zum Internet, und versuchen Sie es noch einmal.</translation>
-    </message>
-    <message>
-        <source>The connection to the update server is not secure</source>
-        <translation>Die Verbindung zum Update-Server ist nicht sicher</translation>
-    </message>
-    <message>
-        <source>Perhaps this network wants you to log in first, or your computer's clock is wrong. Otherwise somebody may be reading along. Try again later, or from another network.</source>
-        <translation>Vielleicht verlangt dieses Netz erst eine Anmeldung, oder die Uhr Ihres Computers geht falsch. Sonst liest womöglich jemand mit. Versuchen Sie es später noch einmal, oder aus einem anderen Netz.</translation>
-    </message>
-    <message>
-        <source>The list of versions is not there</source>
-        <translation>Die Liste der Versionen ist nicht da</translation>
-    </message>
-    <message>
-        <source>The update server does not have it where it should be. Try again later.</source>
-        <translation>Der Update-Server hat sie nicht dort, wo sie sein sollte. Versuchen Sie es später noch einmal.</translation>
-    </message>
-    <message>
-        <source>The update server has a problem</source>
-        <translation>Der Update-Server hat ein Problem</translation>
-    </message>
-    <message>
-        <source>Try again later.</source>
-        <translation>Versuchen Sie es später noch einmal.</translation>
-    </message>
-    <message>
-        <source>The update server takes too long to answer</source>
-        <translation>Der Update-Server braucht zu lange für eine Antwort</translation>
-    </message>
-    <message>
-        <source>The list of versions is too large</source>
-        <translation>Die Liste der Versionen ist zu groß</translation>
-    </message>
-    <message>
-        <source>It has not been read. Try again later.</source>
-        <translation>Sie wurde nicht gelesen. Versuchen Sie es später noch einmal.</translation>
-    </message>
-    <message>
-        <source>The list of versions cannot be trusted</source>
-        <translation>Der Liste der Versionen ist nicht zu trauen</translation>
-    </message>
-    <message>
-        <source>It is not signed by the publisher of Tessel Clipboard, and has not been read. Try again later.</source>
-        <translation>Sie ist nicht vom Herausgeber von Tessel Clipboard unterschrieben und wurde nicht gelesen. Versuchen Sie es später noch einmal.</translation>
-    </message>
-    <message>
-        <source>The list of versions is damaged</source>
-        <translation>Die Liste der Versionen ist beschädigt</translation>
-    </message>
-    <message>
-        <source>Updates are not set up correctly</source>
-        <translation>Updates sind nicht richtig eingerichtet</translation>
-    </message>
-    <message>
-        <source>The file updates.json, which came with this installation, cannot be understood. Ask whoever installed Tessel Clipboard.</source>
-        <translation>Die Datei updates.json, die mit dieser Installation kam, ist nicht zu verstehen. Fragen Sie, wer Tessel Clipboard installiert hat.</translation>
-    </message>
-    <message>
-        <source>A part of Tessel Clipboard does not work</source>
-        <translation>Ein Teil von Tessel Clipboard funktioniert nicht</translation>
-    </message>
-    <message>
-        <source>The program that loads the list of versions is missing or damaged. Install Tessel Clipboard again.</source>
-        <translation>Das Programm, das die Liste der Versionen lädt, fehlt oder ist beschädigt. Installieren Sie Tessel Clipboard neu.</translation>
     </message>
 </context>
 <context>
