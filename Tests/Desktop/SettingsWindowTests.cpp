@@ -10,6 +10,7 @@
 #include "AccessibilityBus.h"
 #include "ScreenReader.h"
 #include "SecondaryWindowTest.h"
+#include "StatusNotifierHost.h"
 
 namespace tessel::desktop {
 
@@ -142,6 +143,22 @@ TEST_F(SettingsWindowTest, APresetOfTheHotKeyIsToldByAnOpenAboutWindow)
     desktop_.keyboard().tap(XKB_KEY_Return);
     waitForHotKey(superAltV);
     waitForLabel("Cmd + Option + V");
+}
+
+TEST_F(SettingsWindowTest, APresetOfTheHotKeyIsToldByTheOpenMenuOfTheMenuBar)
+{
+    StatusNotifierHost host(desktop_);
+    host.start();
+    host.awaitItem();
+    host.openMenu();
+    host.awaitLabel("Cmd + Shift + V");
+    openSettings();
+    openPicker("Cmd + Shift + V");
+    desktop_.keyboard().tap(XKB_KEY_Down);
+    desktop_.keyboard().tap(XKB_KEY_Down);
+    desktop_.keyboard().tap(XKB_KEY_Return);
+    waitForHotKey(superAltV);
+    host.awaitLabel("Cmd + Option + V");
 }
 
 TEST_F(SettingsWindowTest, ThirtySecondsRemoveOlderEntriesAtOnceUnderAnOpenPanel)
