@@ -104,13 +104,19 @@ private:
 
     TrayNotice::Needs trayNoticeNeeds()
     {
-        const auto show = trayNoticeWindow(windowTheme_, [this] { appState_->showSettingsWindow(); });
+        const TrayNoticeWindow window =
+            trayNoticeWindow(windowTheme_, [this] { appState_->showSettingsWindow(); });
         return {.queue = backend_.platform().mainQueue,
                 .remembered = backend_.rememberedState(),
                 .isItemShown = [this] { return backend_.statusItem().isShown(); },
                 .isAnotherWindowOpen =
                     [this] { return appState_->onboardingController || appState_->panelController; },
-                .show = [this, show] { show(*appState_->hotKeyPreset); }};
+                .observeItem =
+                    [this](std::function<void()> didChange) {
+                        return backend_.statusItem().observe(std::move(didChange));
+                    },
+                .show = [this, show = window.show] { show(*appState_->hotKeyPreset); },
+                .hide = window.hide};
     }
 
     Backend backend_;

@@ -61,7 +61,7 @@
     </message>
     <message>
         <source>Check for Updates...</source>
-        <translation>Nach Aktualisierungen suchen …</translation>
+        <translation>Nach Updates suchen …</translation>
     </message>
     <message>
         <source>About</source>

@@ -18,7 +18,13 @@ protected:
                                          .remembered = remembered,
                                          .isItemShown = [this] { return isItemShown; },
                                          .isAnotherWindowOpen = [this] { return isAnotherWindowOpen; },
-                                         .show = [this] { ++shownCount; }});
+                                         .observeItem =
+                                             [this](std::function<void()> didChange) {
+                                                 itemDidChange = std::move(didChange);
+                                                 return Token([this] { itemDidChange = nullptr; });
+                                             },
+                                         .show = [this] { ++shownCount; },
+                                         .hide = [this] { ++hiddenCount; }});
     }
     /// Long enough for everything that could still come.
     void waitLong() { queue->advance(100 * TrayNotice::patience); }
@@ -30,6 +36,8 @@ protected:
     bool isItemShown = false;
     bool isAnotherWindowOpen = false;
     int shownCount = 0;
+    int hiddenCount = 0;
+    std::function<void()> itemDidChange;
     std::optional<TrayNotice> notice;
 };
 
@@ -88,6 +96,17 @@ TEST_F(TrayNoticeTest, AMenuBarThatComesWhileItWaitsForAnotherWindowSaysItAll)
     isItemShown = false;
     waitLong();
     EXPECT_EQ(shownCount, 0);
+}
+
+TEST_F(TrayNoticeTest, ItIsTakenBackWhenAMenuBarComesAfterAll)
+{
+    start();
+    queue->advance(TrayNotice::patience);
+    itemDidChange();
+    EXPECT_EQ(hiddenCount, 0) << "it is still not shown";
+    isItemShown = true;
+    itemDidChange();
+    EXPECT_EQ(hiddenCount, 1);
 }
 
 TEST_F(TrayNoticeTest, NothingComesOfOneThatIsGone)

@@ -4,6 +4,7 @@
 #include <sstream>
 
 #include "SecondaryWindowTest.h"
+#include "SystemTray.h"
 
 namespace tessel::desktop {
 
@@ -38,6 +39,14 @@ TEST_F(TrayNoticeTest, ItComesWithoutTakingTheFocusAndNeverAgain)
     std::ostringstream remembered;
     remembered << std::ifstream(stateDirectory() / "state.json").rdbuf();
     EXPECT_THAT(remembered.str(), testing::HasSubstr("trayNoticeShown"));
+}
+
+TEST_F(TrayNoticeTest, ItGoesWhenATrayComesAfterAll)
+{
+    waitForNotice();
+    SystemTray tray(desktop_.displayName(), {});
+    tray.awaitIcon();
+    notice().waitUntilClosed();
 }
 
 TEST_F(TrayNoticeTest, AStateFileThatCannotBeWrittenOrReadIsNoHindrance)

@@ -20,7 +20,14 @@ void TrayNotice::decide()
     if (needs_.isItemShown())
         return;
     needs_.remembered.setDouble(shownKey, 1);
+    itemObservation_ = needs_.observeItem([this] { itemDidChange(); });
     needs_.show();
+}
+
+void TrayNotice::itemDidChange()
+{
+    if (needs_.isItemShown())
+        needs_.hide();
 }
 
 } // namespace tessel

@@ -27,8 +27,12 @@ public:
         std::function<bool()> isItemShown;
         /// Whether a window of the program is open that the notice would be in the way of. It waits then.
         std::function<bool()> isAnotherWindowOpen;
+        /// Has a function called after the answer to that has changed.
+        std::function<Token(std::function<void()>)> observeItem;
         /// Tells the user. Must not wait.
         std::function<void()> show;
+        /// Takes back what the user was told, if it is still to be seen: a menu bar has come after all.
+        std::function<void()> hide;
     };
 
     /// Begins to wait, unless the user has been told before.
@@ -36,9 +40,11 @@ public:
 
 private:
     void decide();
+    void itemDidChange();
 
     Needs needs_;
     Token timer_;
+    Token itemObservation_;
 };
 
 } // namespace tessel

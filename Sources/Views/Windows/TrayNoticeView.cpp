@@ -93,14 +93,15 @@ void TrayNoticeView::keyPressEvent(QKeyEvent* event)
         QWidget::keyPressEvent(event);
 }
 
-std::function<void(HotKeyPreset preset)> trayNoticeWindow(WindowTheme& theme,
-                                                          std::function<void()> openSettings)
+TrayNoticeWindow trayNoticeWindow(WindowTheme& theme, std::function<void()> openSettings)
 {
-    return [&theme, openSettings = std::move(openSettings),
-            window = std::make_shared<std::unique_ptr<QWidget, Retirement>>()](HotKeyPreset preset) {
-        window->reset(new TrayNoticeView(preset, theme, openSettings));
-        (*window)->show();
-    };
+    const auto window = std::make_shared<std::unique_ptr<QWidget, Retirement>>();
+    return {.show =
+                [&theme, openSettings = std::move(openSettings), window](HotKeyPreset preset) {
+                    window->reset(new TrayNoticeView(preset, theme, openSettings));
+                    (*window)->show();
+                },
+            .hide = [window] { window->reset(); }};
 }
 
 } // namespace tessel

@@ -27,9 +27,14 @@ private:
     WindowTheme& theme_;
 };
 
-/// Makes the notice of a desktop without a menu bar. Calling the result shows the window, in which
-/// `openSettings` is a button. The result owns that window: it goes before `QApplication` does.
-std::function<void(HotKeyPreset preset)> trayNoticeWindow(WindowTheme& theme,
-                                                          std::function<void()> openSettings);
+/// The notice of a desktop without a menu bar. It owns its window, and goes before `QApplication` does.
+struct TrayNoticeWindow {
+    std::function<void(HotKeyPreset preset)> show;
+    /// Does nothing where there is no such window any more.
+    std::function<void()> hide;
+};
+
+/// `openSettings` is a button of the window. `theme` must outlive the result.
+TrayNoticeWindow trayNoticeWindow(WindowTheme& theme, std::function<void()> openSettings);
 
 } // namespace tessel
