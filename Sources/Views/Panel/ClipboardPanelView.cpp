@@ -21,8 +21,8 @@ namespace tessel {
 
 namespace {
 
-constexpr VisualEffectBlurView backdrop = {VisualEffectMaterial::hudWindow,
-                                           VisualEffectBlendingMode::behindWindow};
+constexpr VisualEffectBlurView cardMaterial = {VisualEffectMaterial::hudWindow,
+                                               VisualEffectBlendingMode::behindWindow};
 
 std::vector<UUID> identifiers(const History& items)
 {
@@ -40,7 +40,7 @@ ClipboardPanelView::ClipboardPanelView(AppState& appState, std::shared_ptr<Panel
     : QWidget(parent)
     , appState_(appState.weak_from_this())
     , artwork_(std::move(artwork))
-    , material_(backdrop.makeView(this))
+    , material_(cardMaterial.makeView(this))
     , tint_(new ColorView(this))
     , header_(new PanelHeader(artwork_->fonts(), {[this] { closePanel(); }, [this] { clearAll(); }}, this))
     , keyCapture_(keyboardEventBridge().makeView(this))
@@ -86,7 +86,7 @@ void ClipboardPanelView::updateNow()
     if (!state)
         return;
     const History ordered = state->orderedHistory();
-    backdrop.updateView(*material_);
+    cardMaterial.updateView(*material_);
     material_->setWindowBlending(blending_);
     tint_->setColor(panelStyle::black(*state->panelTintOpacity));
     header_->setItemCount(ordered.size());
