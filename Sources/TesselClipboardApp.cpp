@@ -47,7 +47,8 @@ public:
     {
         backend_.noteStartupID(startupID);
         Platform platform = backend_.platform();
-        platform.makeUpdater = [this] { return makeUpdater(); };
+        if (!platform.makeUpdater)
+            platform.makeUpdater = [this] { return makeUpdater(); };
         appState_ = AppState::create(std::move(platform), windowFactory());
         menuBarExtra_.emplace(*appState_, backend_.statusItem(), windowTheme_, *backend_.platform().screens);
         trayNotice_.emplace(trayNoticeNeeds());

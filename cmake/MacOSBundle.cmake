@@ -12,6 +12,13 @@ foreach(translation IN LISTS translations)
     string(REGEX REPLACE "^.*_([^_.]+)[.]ts$" "\\1" language "${translation}")
     list(APPEND languages ${language})
 endforeach()
+
+set(TESSEL_UPDATE_FEED "" CACHE STRING "Address of the feed of updates, for macOS")
+set(TESSEL_UPDATE_KEY "" CACHE STRING "The public Ed25519 key that updates are signed with, in base64")
+# An updater without a feed complains to the user at each start, and a feed without an updater is of no use.
+if((TESSEL_SPARKLE AND NOT TESSEL_UPDATE_FEED) OR (TESSEL_UPDATE_FEED AND NOT TESSEL_SPARKLE))
+    message(FATAL_ERROR "TESSEL_SPARKLE and TESSEL_UPDATE_FEED (with TESSEL_UPDATE_KEY) belong together.")
+endif()
 tessel_write_information(${PROJECT_BINARY_DIR}/Info.plist
     VERSION ${PROJECT_VERSION} MINIMUM_SYSTEM ${CMAKE_OSX_DEPLOYMENT_TARGET} LANGUAGES ${languages}
     UPDATE_FEED "${TESSEL_UPDATE_FEED}" UPDATE_KEY "${TESSEL_UPDATE_KEY}")
