@@ -1,6 +1,8 @@
 # `Tessel Clipboard.app`. The target `bundle` makes one that runs on other machines, in <build directory>/bundle: with the
 # toolkit's frameworks and the updater's inside. Scripts/sign-bundle signs it. See Documentation/MacOS.md.
 include(cmake/MacOSInformation.cmake)
+find_package(Qt6 REQUIRED COMPONENTS Core)
+add_subdirectory(Resources/MacOS)
 
 set(bundle "Tessel Clipboard.app")
 set(resources ${PROJECT_SOURCE_DIR}/Resources)
