@@ -21,8 +21,8 @@ namespace tessel {
 
 namespace {
 
-constexpr VisualEffectBlurView cardMaterial = {VisualEffectMaterial::hudWindow,
-                                               VisualEffectBlendingMode::behindWindow};
+constexpr VisualEffectBlurView backdrop = {VisualEffectMaterial::hudWindow,
+                                           VisualEffectBlendingMode::behindWindow};
 
 std::vector<UUID> identifiers(const History& items)
 {
@@ -40,7 +40,7 @@ ClipboardPanelView::ClipboardPanelView(AppState& appState, std::shared_ptr<Panel
     : QWidget(parent)
     , appState_(appState.weak_from_this())
     , artwork_(std::move(artwork))
-    , material_(cardMaterial.makeView(this))
+    , material_(backdrop.makeView(this))
     , tint_(new ColorView(this))
     , header_(new PanelHeader(artwork_->fonts(), {[this] { closePanel(); }, [this] { clearAll(); }}, this))
     , keyCapture_(keyboardEventBridge().makeView(this))
@@ -86,7 +86,7 @@ void ClipboardPanelView::updateNow()
     if (!state)
         return;
     const History ordered = state->orderedHistory();
-    cardMaterial.updateView(*material_);
+    backdrop.updateView(*material_);
     material_->setWindowBlending(blending_);
     tint_->setColor(panelStyle::black(*state->panelTintOpacity));
     header_->setItemCount(ordered.size());
@@ -128,9 +128,9 @@ void ClipboardPanelView::setWindowBlending(WindowBlending blending)
     material_->setWindowBlending(blending);
 }
 
-void ClipboardPanelView::setBackdrop(std::shared_ptr<const Backdrop> backdrop)
+void ClipboardPanelView::setBackdrop(std::shared_ptr<const Backdrop> picture)
 {
-    material_->setBackdrop(std::move(backdrop));
+    material_->setBackdrop(std::move(picture));
 }
 
 void ClipboardPanelView::setDesktopCorners(const CardCorners& corners)

@@ -40,7 +40,7 @@ public:
     std::optional<UUID> hoveredItemID() const { return hoveredItemID_; }
     void setWindowBlending(WindowBlending blending);
     /// What is behind the window. Null: it is not known.
-    void setBackdrop(std::shared_ptr<const Backdrop> backdrop);
+    void setBackdrop(std::shared_ptr<const Backdrop> picture);
     /// What is behind the card's corners, for a window through which nothing shines.
     void setDesktopCorners(const CardCorners& corners);
 
