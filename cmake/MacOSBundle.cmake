@@ -52,6 +52,9 @@ set_target_properties(tessel-clipboard PROPERTIES
 
 install(TARGETS tessel-clipboard BUNDLE DESTINATION .)
 if(TESSEL_SPARKLE)
+    # So that the program also starts where it is built.
+    get_filename_component(directory_of_updater "${TESSEL_SPARKLE}" DIRECTORY)
+    set_target_properties(tessel-clipboard PROPERTIES BUILD_RPATH "${directory_of_updater}")
     install(DIRECTORY ${TESSEL_SPARKLE} DESTINATION "${bundle}/Contents/Frameworks" USE_SOURCE_PERMISSIONS)
 endif()
 find_program(TESSEL_MACDEPLOYQT macdeployqt REQUIRED HINTS ${QT6_INSTALL_PREFIX}/${QT6_INSTALL_BINS})
