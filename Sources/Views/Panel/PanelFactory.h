@@ -3,7 +3,7 @@
 #include <functional>
 #include <memory>
 
-#include "Panel/PanelDescription.h"
+#include "PanelDescription.h"
 #include "WindowController.h"
 
 namespace tessel {
