@@ -16,27 +16,6 @@ protected:
             retire(controller);
     }
 
-    /// A borderless window of 460 by 420 points, buffered and not deferred, and its configuration in the one
-    /// order: floating, level 3, on every space and beside full-screen windows (0x1 + 0x100), with a shadow,
-    /// moved by its background, not opaque, of no colour, without a shadow, and with its content.
-    void expectPanel()
-    {
-        expectCall("[ClipboardPanelWindow initWithContentRect:{{0, 0}, {460, 420}} styleMask:0 backing:2 "
-                   "defer:NO]",
-                   Object{"panel"});
-        expectCall("[panel setFloatingPanel:YES]");
-        expectCall("[panel setLevel:3]");
-        expectCall("[panel setCollectionBehavior:0x101]");
-        expectCall("[panel setHasShadow:YES]");
-        expectCall("[panel setMovableByWindowBackground:YES]");
-        expectCall("[panel setOpaque:NO]");
-        expectCall("[NSColor clearColor]", Object{"clear"});
-        expectCall("[panel setBackgroundColor:clear]");
-        expectCall("[panel setHasShadow:NO]");
-        expectCall("[panel setContentViewController:hosting]");
-        expectCall("[NSWindowController initWithWindow:panel]", Object{"controller"});
-    }
-
     void make()
     {
         expectContentViewController("{460, 420}");

@@ -24,23 +24,9 @@ protected:
         endTurn();
     }
 
-    /// Nothing but a full-size content view (32768), buffered and not deferred.
     void makeChromeless(Size contentSize, const std::string& size)
     {
-        expectCall("[NSWindow initWithContentRect:{{0, 0}, " + size + "} styleMask:32768 backing:2 defer:NO]",
-                   Object{"window"});
-        expectCall("[window setTitleVisibility:1]"); // Hidden.
-        expectCall("[window setTitlebarAppearsTransparent:YES]");
-        expectCall("[window setMovableByWindowBackground:YES]");
-        expectCall("[window setOpaque:NO]");
-        expectCall("[NSColor clearColor]", Object{"clear"});
-        expectCall("[window setBackgroundColor:clear]");
-        expectCall("[window setHasShadow:YES]");
-        expectCall("[window setReleasedWhenClosed:NO]");
-        expectCall("[window center]");
-        expectContentViewController(size);
-        expectCall("[window setContentViewController:hosting]");
-        expectCall("[NSWindowController initWithWindow:window]", Object{"controller"});
+        expectChromelessWindow(size);
         make({.frame = WindowDescription::Frame::none, .title = "Settings", .contentSize = contentSize});
     }
 
