@@ -31,8 +31,7 @@ typedef NSString* NSImageHintKey;
 @property(nullable, readonly, copy) NSData* TIFFRepresentation;
 @property(readonly) NSSize size;
 + (nullable instancetype)imageWithSystemSymbolName:(NSString*)name
-                          accessibilityDescription:(nullable NSString*)description
-    API_AVAILABLE_MACOS(11.0);
+                          accessibilityDescription:(nullable NSString*)description API_AVAILABLE_MACOS(11.0);
 - (nullable CGImageRef)CGImageForProposedRect:(nullable NSRect*)proposedRect
                                       context:(nullable NSGraphicsContext*)context
                                         hints:(nullable NSDictionary<NSImageHintKey, id>*)hints;
@@ -118,17 +117,17 @@ FOUNDATION_EXPORT NSNotificationName const NSApplicationDidResignActiveNotificat
 @end
 
 @interface NSColorSpace : NSObject
-@property (class, readonly, strong) NSColorSpace* sRGBColorSpace;
+@property(class, readonly, strong) NSColorSpace* sRGBColorSpace;
 @end
 
 @interface NSColor : NSObject
-@property (class, readonly, strong) NSColor* clearColor;
-@property (class, readonly, strong) NSColor* controlAccentColor API_AVAILABLE_MACOS(10.14);
-@property (class, readonly, strong) NSColor* secondaryLabelColor;
+@property(class, readonly, strong) NSColor* clearColor;
+@property(class, readonly, strong) NSColor* controlAccentColor API_AVAILABLE_MACOS(10.14);
+@property(class, readonly, strong) NSColor* secondaryLabelColor;
 - (nullable NSColor*)colorUsingColorSpace:(NSColorSpace*)space;
-@property (readonly) CGFloat redComponent;
-@property (readonly) CGFloat greenComponent;
-@property (readonly) CGFloat blueComponent;
+@property(readonly) CGFloat redComponent;
+@property(readonly) CGFloat greenComponent;
+@property(readonly) CGFloat blueComponent;
 @end
 
 typedef NSString* NSFontTextStyle;
@@ -150,9 +149,9 @@ FOUNDATION_EXPORT NSAttributedStringKey const NSForegroundColorAttributeName;
 - (instancetype)initWithTitle:(NSString*)title
                        action:(nullable SEL)action
                 keyEquivalent:(NSString*)keyEquivalent;
-@property (nullable, copy) NSAttributedString* attributedTitle;
-@property (getter=isEnabled) BOOL enabled;
-@property (nullable, weak) id target;
+@property(nullable, copy) NSAttributedString* attributedTitle;
+@property(getter=isEnabled) BOOL enabled;
+@property(nullable, weak) id target;
 @end
 
 @interface NSMenu : NSObject
@@ -162,20 +161,20 @@ FOUNDATION_EXPORT NSAttributedStringKey const NSForegroundColorAttributeName;
 @end
 
 @interface NSStatusBarButton : NSObject
-@property (nullable, strong) NSImage* image;
-@property (copy) NSString* title;
+@property(nullable, strong) NSImage* image;
+@property(copy) NSString* title;
 @end
 
 @interface NSStatusItem : NSObject
-@property (nullable, readonly, strong) NSStatusBarButton* button;
-@property (nullable, strong) NSMenu* menu;
-@property (getter=isVisible) BOOL visible;
+@property(nullable, readonly, strong) NSStatusBarButton* button;
+@property(nullable, strong) NSMenu* menu;
+@property(getter=isVisible) BOOL visible;
 @end
 
 static const CGFloat NSVariableStatusItemLength = -1.0;
 
 @interface NSStatusBar : NSObject
-@property (class, readonly, strong) NSStatusBar* systemStatusBar;
+@property(class, readonly, strong) NSStatusBar* systemStatusBar;
 - (NSStatusItem*)statusItemWithLength:(CGFloat)length;
 - (void)removeStatusItem:(NSStatusItem*)item;
 @end
@@ -193,12 +192,12 @@ typedef NS_OPTIONS(NSUInteger, NSAutoresizingMaskOptions) {
 
 @interface NSView : NSResponder
 - (instancetype)initWithFrame:(NSRect)frame;
-@property (nullable, readonly, unsafe_unretained) NSWindow* window;
+@property(nullable, readonly, unsafe_unretained) NSWindow* window;
 @property NSRect frame;
 @property NSAutoresizingMaskOptions autoresizingMask;
 - (void)addSubview:(NSView*)view;
 @property BOOL wantsLayer;
-@property (nullable, strong) CALayer* layer;
+@property(nullable, strong) CALayer* layer;
 @end
 
 typedef NS_ENUM(NSInteger, NSVisualEffectMaterial) {
@@ -222,7 +221,7 @@ typedef NS_ENUM(NSInteger, NSVisualEffectState) {
 @end
 
 @interface NSViewController : NSResponder
-@property (strong) NSView* view;
+@property(strong) NSView* view;
 @end
 
 typedef NS_OPTIONS(NSUInteger, NSWindowStyleMask) {
@@ -250,22 +249,22 @@ FOUNDATION_EXPORT NSNotificationName const NSWindowDidChangeOcclusionStateNotifi
                           styleMask:(NSWindowStyleMask)style
                             backing:(NSBackingStoreType)backing
                               defer:(BOOL)defers;
-@property (readonly) BOOL canBecomeKeyWindow;
-@property (readonly) BOOL canBecomeMainWindow;
+@property(readonly) BOOL canBecomeKeyWindow;
+@property(readonly) BOOL canBecomeMainWindow;
 @property NSWindowLevel level;
 @property NSWindowCollectionBehavior collectionBehavior;
 @property BOOL hasShadow;
-@property (getter=isMovableByWindowBackground) BOOL movableByWindowBackground;
-@property (getter=isOpaque) BOOL opaque;
-@property (null_resettable, copy) NSColor* backgroundColor;
-@property (copy) NSString* title;
+@property(getter=isMovableByWindowBackground) BOOL movableByWindowBackground;
+@property(getter=isOpaque) BOOL opaque;
+@property(null_resettable, copy) NSColor* backgroundColor;
+@property(copy) NSString* title;
 @property NSWindowTitleVisibility titleVisibility;
 @property BOOL titlebarAppearsTransparent;
-@property (getter=isReleasedWhenClosed) BOOL releasedWhenClosed;
-@property (nullable, strong) NSViewController* contentViewController;
-@property (readonly) NSRect frame;
-@property (readonly, getter=isVisible) BOOL visible;
-@property (readonly) NSWindowOcclusionState occlusionState;
+@property(getter=isReleasedWhenClosed) BOOL releasedWhenClosed;
+@property(nullable, strong) NSViewController* contentViewController;
+@property(readonly) NSRect frame;
+@property(readonly, getter=isVisible) BOOL visible;
+@property(readonly) NSWindowOcclusionState occlusionState;
 - (void)center;
 - (void)setContentSize:(NSSize)size;
 - (void)setFrameOrigin:(NSPoint)origin;
@@ -275,12 +274,12 @@ FOUNDATION_EXPORT NSNotificationName const NSWindowDidChangeOcclusionStateNotifi
 @end
 
 @interface NSPanel : NSWindow
-@property (getter=isFloatingPanel) BOOL floatingPanel;
+@property(getter=isFloatingPanel) BOOL floatingPanel;
 @end
 
 @interface NSWindowController : NSResponder
 - (instancetype)initWithWindow:(nullable NSWindow*)window;
-@property (nullable, strong) NSWindow* window;
+@property(nullable, strong) NSWindow* window;
 - (void)showWindow:(nullable id)sender;
 - (void)close;
 @end

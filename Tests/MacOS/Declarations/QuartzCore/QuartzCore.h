@@ -9,7 +9,7 @@ FOUNDATION_EXPORT CALayerCornerCurve const kCACornerCurveContinuous API_AVAILABL
 
 @interface CALayer : NSObject
 @property CGFloat cornerRadius;
-@property (copy) CALayerCornerCurve cornerCurve API_AVAILABLE_MACOS(10.15);
+@property(copy) CALayerCornerCurve cornerCurve API_AVAILABLE_MACOS(10.15);
 @property BOOL masksToBounds;
 @end
 
