@@ -95,9 +95,11 @@ private:
     WindowFactory windowFactory()
     {
         const Platform& platform = backend_.platform();
+        WindowHost* const host = backend_.windowHost();
         const SecondaryWindowNeeds needs = {windowTheme_, backend_.nativeWindows(), *platform.screens,
-                                            *platform.workspace};
-        return {.panel = panelFactory(backend_.nativeWindows(), *backend_.platform().application),
+                                            *platform.workspace, host};
+        return {.panel = host != nullptr ? hostedPanelFactory(*host)
+                                         : panelFactory(backend_.nativeWindows(), *platform.application),
                 .settings = settingsFactory(needs),
                 .about = aboutFactory(needs),
                 .onboarding = onboardingFactory(needs)};

@@ -128,6 +128,13 @@ void ClipboardPanelView::setWindowBlending(WindowBlending blending)
     material_->setWindowBlending(blending);
 }
 
+void ClipboardPanelView::leaveMaterialTo(std::unique_ptr<VisualEffect> effect)
+{
+    effect->setCornerRadius(panelStyle::card::cornerRadius);
+    material_->leaveDrawingTo(std::move(effect));
+    backdrop.updateView(*material_);
+}
+
 void ClipboardPanelView::setBackdrop(std::shared_ptr<const Backdrop> picture)
 {
     material_->setBackdrop(std::move(picture));
