@@ -47,7 +47,8 @@ public:
     {
         backend_.noteStartupID(startupID);
         Platform platform = backend_.platform();
-        platform.makeUpdater = [this] { return makeUpdater(); };
+        if (!platform.makeUpdater)
+            platform.makeUpdater = [this] { return makeUpdater(); };
         appState_ = AppState::create(std::move(platform), windowFactory());
         menuBarExtra_.emplace(*appState_, backend_.statusItem(), windowTheme_, *backend_.platform().screens);
         trayNotice_.emplace(trayNoticeNeeds());
@@ -94,9 +95,11 @@ private:
     WindowFactory windowFactory()
     {
         const Platform& platform = backend_.platform();
+        WindowHost* const host = backend_.windowHost();
         const SecondaryWindowNeeds needs = {windowTheme_, backend_.nativeWindows(), *platform.screens,
-                                            *platform.workspace};
-        return {.panel = panelFactory(backend_.nativeWindows(), *backend_.platform().application),
+                                            *platform.workspace, host};
+        return {.panel = host != nullptr ? hostedPanelFactory(*host)
+                                         : panelFactory(backend_.nativeWindows(), *platform.application),
                 .settings = settingsFactory(needs),
                 .about = aboutFactory(needs),
                 .onboarding = onboardingFactory(needs)};

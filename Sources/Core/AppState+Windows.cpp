@@ -1,6 +1,6 @@
 #include "AppState.h"
 
-#include "Panel/PanelDescription.h"
+#include "Panel/HistoryPanelDescription.h"
 #include "Panel/PanelGeometry.h"
 
 namespace tessel {

@@ -4,17 +4,19 @@
 #include <string>
 #include <utility>
 
+#include "AppKitWindowHost.h"
 #include "AppState.h"
 #include "History/ImageFingerprint.h"
-#include "Support/MacOSTest.h"
+#include "Support/ScriptedContent.h"
 #include "Support/ScriptedWindows.h"
 #include "Support/System.h"
+#include "Support/WindowTest.h"
 #include "SystemPlatform.h"
 
 namespace tessel::test {
 namespace {
 
-class AppStateTests : public MacOSTest {
+class AppStateTests : public WindowTest {
 protected:
     ~AppStateTests() override
     {
@@ -54,13 +56,34 @@ protected:
     }
 
     /// Starts the program, trusted for Accessibility, and lets the first turn of the main queue pass.
-    void launch(std::int64_t loginItemStatus = 0)
+    void launch(std::int64_t loginItemStatus = 0, const WindowFactory& windows = scriptedWindows())
     {
         expectStart(loginItemStatus);
-        state = AppState::create(makeSystemPlatform(imageFingerprint), scriptedWindows());
+        state = AppState::create(makeSystemPlatform(imageFingerprint), windows);
         expectCall("AXIsProcessTrusted()", true);
         runNextBlock();
         endTurn();
+    }
+
+    /// Windows of the system's own.
+    static WindowFactory hostedWindows()
+    {
+        WindowFactory windows;
+        windows.panel = [](AppState&, const PanelDescription& description) {
+            return AppKitWindowHost().makePanel(description, std::make_unique<ScriptedContent>());
+        };
+        windows.settings = [](AppState&) {
+            return AppKitWindowHost().makeWindow(
+                {.frame = WindowDescription::Frame::none, .title = "Settings", .contentSize = {420, 520}},
+                std::make_unique<ScriptedContent>());
+        };
+        return windows;
+    }
+
+    void expectActivation()
+    {
+        expectCall("[NSApplication sharedApplication]", Object{"application"});
+        expectCall("[application activateIgnoringOtherApps:YES]");
     }
 
     /// Ends the program.
@@ -284,6 +307,66 @@ TEST_F(AppStateTests, AnotherPresetIsRegisteredOnceTheFormerIsUnregistered)
     expectCall("RegisterEventHotKey(9, 0x900, {'CLIP', 1}, application target, 0, &hotKeyRef)", 0);
     state->hotKeyPreset = HotKeyPreset::cmdOptionV;
     expectNoMore();
+}
+
+TEST_F(AppStateTests, TheHotKeyOpensAndClosesAPanelOfTheSystems)
+{
+    launch(0, hostedWindows());
+    expectPress();
+    EXPECT_EQ(pressHotKey(0x434C4950, 1), 0);
+    expectCall("[NSWorkspace sharedWorkspace]", Object{"workspace"});
+    expectCall("[workspace frontmostApplication]", Object{"editor"});
+    expectContentViewController("{460, 420}");
+    expectPanel();
+    expectCall("[panel setContentSize:{460, 220}]");
+    expectCall("[NSEvent mouseLocation]", Numbers{{400, 600}});
+    expectCall("[NSScreen screens]", Objects{{"screen"}});
+    expectCall("[screen frame]", Numbers{{0, 0, 1440, 900}});
+    expectCall("[screen visibleFrame]", Numbers{{0, 70, 1440, 805}});
+    expectCall("[NSScreen mainScreen]", Object{"main"});
+    expectCall("[main frame]", Numbers{{0, 0, 1440, 900}});
+    expectCall("[main visibleFrame]", Numbers{{0, 70, 1440, 805}});
+    expectCall("[NSEvent mouseLocation]", Numbers{{400, 600}});
+    expectCall("[panel frame]", Numbers{{0, 0, 460, 220}});
+    expectCall("[panel setFrameOrigin:{412, 368}]");
+    expectCall("content.windowWillShow()");
+    expectCall("[controller showWindow:nil]");
+    expectActivation();
+    expectCall("[panel makeKeyAndOrderFront:nil]");
+    expectCall("[panel makeFirstResponder:content]", true);
+    runNextBlock();
+    expectNoMore();
+
+    expectPress();
+    EXPECT_EQ(pressHotKey(0x434C4950, 1), 0);
+    expectCall("[panel isVisible]", true);
+    expectClose();
+    expectCall("dispatch_async(main queue, ^)");
+    runNextBlock();
+    EXPECT_EQ(state->panelController, nullptr);
+    expectCall("content.end()");
+    runNextBlock();
+}
+
+TEST_F(AppStateTests, TheSettingsAreOneWindowThatIsShownBeforeTheApplicationIsActivated)
+{
+    launch(0, hostedWindows());
+    expectChromelessWindow("{420, 520}");
+    expectCall("content.windowWillShow()");
+    expectCall("[controller showWindow:nil]");
+    expectActivation();
+    state->showSettingsWindow();
+    expectNoMore();
+
+    expectCall("content.windowWillShow()");
+    expectCall("[controller showWindow:nil]");
+    expectActivation();
+    state->showSettingsWindow();
+    expectNoMore();
+
+    expectClose();
+    state->settingsController->close();
+    retire(state->settingsController);
 }
 
 TEST_F(AppStateTests, PastesIntoTheApplicationThatWasInFront)

@@ -6,6 +6,7 @@
 #include <QtGui/QScreen>
 #include <QtGui/QWindow>
 
+#include "Panel/HistoryPanelDescription.h"
 #include "Panel/PanelFactory.h"
 #include "Panel/VisualEffectBlurView.h"
 #include "ScreenSpace.h"

@@ -1,7 +1,6 @@
 #pragma once
 
 #include <array>
-#include <compare>
 #include <cstddef>
 #include <cstdint>
 #include <functional>
@@ -14,7 +13,7 @@ public:
     /// A fresh one.
     static UUID random();
 
-    friend auto operator<=>(const UUID&, const UUID&) = default;
+    friend bool operator==(const UUID&, const UUID&) = default;
 
 private:
     friend struct std::hash<UUID>;

@@ -62,7 +62,7 @@ std::weak_ordering compare(const Component& first, const Component& second)
     // Of two numbers without leading zeros the longer one is larger.
     if (first.kind == Kind::digits && first.text.size() != second.text.size())
         return first.text.size() <=> second.text.size();
-    return first.text <=> second.text;
+    return first.text.compare(second.text) <=> 0;
 }
 
 /// Element by element, with as many of the empty ones behind the shorter list as it takes.

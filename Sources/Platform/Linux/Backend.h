@@ -14,6 +14,8 @@
 
 namespace tessel {
 
+class WindowHost;
+
 /// The whole Linux backend, as the composition root uses it. Needs a `QApplication` that exists before and
 /// after it.
 class Backend {
@@ -34,6 +36,8 @@ public:
 
     const Platform& platform() const;
     NativeWindows& nativeWindows();
+    /// The program's windows are the view toolkit's. Always null.
+    WindowHost* windowHost() { return nullptr; }
     Appearance& appearance();
     /// The application's item in a menu bar that takes it over the session bus, else in a system tray of X11.
     StatusItem& statusItem();

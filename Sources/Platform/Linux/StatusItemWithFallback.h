@@ -5,8 +5,8 @@
 #include <vector>
 
 #include "MainQueue.h"
+#include "ObserverList.h"
 #include "StatusItem.h"
-#include "X11/ObserverList.h"
 
 namespace tessel {
 

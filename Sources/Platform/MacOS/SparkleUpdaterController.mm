@@ -2,6 +2,8 @@
 
 #import <Sparkle/Sparkle.h>
 
+#include "SystemUpdater.h"
+
 namespace tessel {
 
 struct SparkleUpdaterController::Native {
@@ -24,6 +26,11 @@ void SparkleUpdaterController::start()
 void SparkleUpdaterController::checkForUpdates()
 {
     [native_->controller checkForUpdates:nil];
+}
+
+std::unique_ptr<UpdaterController> makeSystemUpdater()
+{
+    return std::make_unique<SparkleUpdaterController>();
 }
 
 } // namespace tessel

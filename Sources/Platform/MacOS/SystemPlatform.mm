@@ -15,7 +15,7 @@
 #include "DispatchMainQueue.h"
 #include "FoundationClock.h"
 #include "ServiceManagementLoginItem.h"
-#include "SparkleUpdaterController.h"
+#include "SystemUpdater.h"
 #include "UserDefaultsStore.h"
 
 namespace tessel {
@@ -40,7 +40,7 @@ Platform makeSystemPlatform(std::function<std::string(const PlatformImage&, cons
         .clock = std::make_shared<FoundationClock>(),
         .application = std::make_shared<AppKitApplication>(),
         .loginItem = std::make_shared<ServiceManagementLoginItem>(),
-        .makeUpdater = [] { return std::make_unique<SparkleUpdaterController>(); },
+        .makeUpdater = makeSystemUpdater,
     };
 }
 

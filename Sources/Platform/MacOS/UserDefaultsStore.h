@@ -6,10 +6,13 @@
 
 namespace tessel {
 
-/// `NSUserDefaults.standardUserDefaults`.
+/// `NSUserDefaults`.
 class UserDefaultsStore final : public DefaultsStore {
 public:
+    /// The application's own (`standardUserDefaults`).
     UserDefaultsStore();
+    /// A domain beside them, by its name.
+    explicit UserDefaultsStore(std::string_view domain);
     ~UserDefaultsStore() override;
 
     std::optional<std::string> string(std::string_view key) const override;

@@ -31,6 +31,10 @@ UserDefaultsStore::UserDefaultsStore()
     : native_(new Native{NSUserDefaults.standardUserDefaults})
 {}
 
+UserDefaultsStore::UserDefaultsStore(std::string_view domain)
+    : native_(new Native{[[NSUserDefaults alloc] initWithSuiteName:keyString(domain)]})
+{}
+
 UserDefaultsStore::~UserDefaultsStore() = default;
 
 std::optional<std::string> UserDefaultsStore::string(std::string_view key) const

@@ -10,7 +10,7 @@
 #include "NativeWindows.h"
 #include "Panel/ClipboardPanelWindow.h"
 #include "Panel/PanelBackdrop.h"
-#include "Panel/PanelDescription.h"
+#include "PanelDescription.h"
 #include "Support/Retirement.h"
 #include "Token.h"
 #include "WindowController.h"

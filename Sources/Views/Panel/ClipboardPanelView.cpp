@@ -128,9 +128,16 @@ void ClipboardPanelView::setWindowBlending(WindowBlending blending)
     material_->setWindowBlending(blending);
 }
 
-void ClipboardPanelView::setBackdrop(std::shared_ptr<const Backdrop> backdrop)
+void ClipboardPanelView::leaveMaterialTo(std::unique_ptr<VisualEffect> effect)
 {
-    material_->setBackdrop(std::move(backdrop));
+    effect->setCornerRadius(panelStyle::card::cornerRadius);
+    material_->leaveDrawingTo(std::move(effect));
+    backdrop.updateView(*material_);
+}
+
+void ClipboardPanelView::setBackdrop(std::shared_ptr<const Backdrop> picture)
+{
+    material_->setBackdrop(std::move(picture));
 }
 
 void ClipboardPanelView::setDesktopCorners(const CardCorners& corners)

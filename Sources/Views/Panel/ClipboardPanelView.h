@@ -39,8 +39,10 @@ public:
     std::optional<UUID> selectedItemID() const { return selectedItemID_; }
     std::optional<UUID> hoveredItemID() const { return hoveredItemID_; }
     void setWindowBlending(WindowBlending blending);
+    /// `effect`, which is behind this view, draws the card's material.
+    void leaveMaterialTo(std::unique_ptr<VisualEffect> effect);
     /// What is behind the window. Null: it is not known.
-    void setBackdrop(std::shared_ptr<const Backdrop> backdrop);
+    void setBackdrop(std::shared_ptr<const Backdrop> picture);
     /// What is behind the card's corners, for a window through which nothing shines.
     void setDesktopCorners(const CardCorners& corners);
 

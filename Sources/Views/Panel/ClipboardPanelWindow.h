@@ -21,6 +21,8 @@ public:
     bool canBecomeMain() const { return false; }
 
     void setDragging(Dragging dragging) { dragging_ = dragging; }
+    /// For a window that is content in one of the system's own.
+    void leaveDraggingToSystem() { drag_.leaveToSystem(); }
     /// Takes ownership. The view fills the window.
     void setContentView(ClipboardPanelView* view);
     ClipboardPanelView* contentView() const { return contentView_; }

@@ -137,9 +137,10 @@ int PanelBackdrop::leastCoverage() const
 {
     constexpr int half = 128;
     constexpr int any = 1;
-    const bool edgesAreBlended =
-        blending_ == WindowBlending::opaque &&
-        std::ranges::none_of(corners_, [](const CardCorner& corner) { return corner.picture.isNull(); });
+    const bool edgesAreBlended = blending_ == WindowBlending::opaque &&
+                                 std::none_of(corners_.begin(), corners_.end(), [](const CardCorner& corner) {
+                                     return corner.picture.isNull();
+                                 });
     return edgesAreBlended ? any : half;
 }
 

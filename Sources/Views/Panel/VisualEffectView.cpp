@@ -30,16 +30,28 @@ void VisualEffectView::set(Value& property, const Value& value)
 void VisualEffectView::setMaterial(VisualEffectMaterial material)
 {
     set(material_, material);
+    if (effect_)
+        effect_->setMaterial(material);
 }
 
 void VisualEffectView::setBlendingMode(VisualEffectBlendingMode blendingMode)
 {
     set(blendingMode_, blendingMode);
+    if (effect_)
+        effect_->setBlendingMode(blendingMode);
 }
 
 void VisualEffectView::setState(VisualEffectState state)
 {
     set(state_, state);
+    if (effect_)
+        effect_->setState(state);
+}
+
+void VisualEffectView::leaveDrawingTo(std::unique_ptr<VisualEffect> effect)
+{
+    effect_ = std::move(effect);
+    update();
 }
 
 void VisualEffectView::setWindowBlending(WindowBlending windowBlending)
@@ -86,6 +98,8 @@ const QImage& VisualEffectView::pictureOfBackdrop()
 
 void VisualEffectView::paintEvent(QPaintEvent* event)
 {
+    if (effect_)
+        return;
     QPainter painter(this);
     if (!isActive())
         return painter.fillRect(event->rect(), color().base);

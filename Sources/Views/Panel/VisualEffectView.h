@@ -7,26 +7,15 @@
 
 #include "Support/Backdrop.h"
 #include "Support/WindowBlending.h"
+#include "VisualEffect.h"
 
 namespace tessel {
-
-/// `NSVisualEffectMaterial`: what a material is for.
-enum class VisualEffectMaterial { windowBackground = 12, hudWindow = 13 };
-
-/// `NSVisualEffectBlendingMode`: what shines through.
-enum class VisualEffectBlendingMode {
-    behindWindow = 0, ///< What is behind the window.
-    withinWindow = 1, ///< What the window shows beneath the view.
-};
-
-/// `NSVisualEffectState`
-enum class VisualEffectState { followsWindowActiveState = 0, active = 1, inactive = 2 };
 
 /// Fills itself with a material (`NSVisualEffectView`). It does not take part in mouse events.
 ///
 /// Behind the window shines through what `setBackdrop` has been given, else what the window system lets
 /// through, where it does. Within the window that is what the window shows beneath the view, blurred in the
-/// same way.
+/// same way. Where the system draws the material itself, all of that is its business.
 class VisualEffectView : public QWidget {
     Q_OBJECT
 
@@ -39,6 +28,9 @@ public:
     void setMaterial(VisualEffectMaterial material);
     void setBlendingMode(VisualEffectBlendingMode blendingMode);
     void setState(VisualEffectState state);
+    /// From now on `effect`, which is behind this view, draws the material, and is told of every setting,
+    /// also of one that changes nothing.
+    void leaveDrawingTo(std::unique_ptr<VisualEffect> effect);
     void setWindowBlending(WindowBlending windowBlending);
     /// What is behind the window, in its device pixels. Null: it is not known.
     void setBackdrop(std::shared_ptr<const Backdrop> backdrop);
@@ -61,6 +53,8 @@ private:
     VisualEffectState state_ = VisualEffectState::followsWindowActiveState;
     WindowBlending windowBlending_ = WindowBlending::opaque;
     std::shared_ptr<const Backdrop> backdrop_;
+    /// Null: this view draws the material.
+    std::unique_ptr<VisualEffect> effect_;
     /// Made when it is first painted, for one rectangle.
     QImage picture_;
     QRect pictureRectangle_;

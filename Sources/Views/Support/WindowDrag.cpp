@@ -1,6 +1,7 @@
 #include "Support/WindowDrag.h"
 
 #include <QtGui/QMouseEvent>
+#include <QtGui/QWindow>
 #include <QtWidgets/QApplication>
 #include <QtWidgets/QWidget>
 
@@ -20,6 +21,11 @@ void WindowDrag::move(const QMouseEvent& event)
     const QPoint way = event.globalPosition().toPoint() - start_->pointer;
     if (!start_->isDrag && way.manhattanLength() < QApplication::startDragDistance())
         return;
+    if (isLeftToSystem_) {
+        start_.reset();
+        window_.windowHandle()->startSystemMove();
+        return;
+    }
     start_->isDrag = true;
     window_.move(start_->window + way);
 }

@@ -19,6 +19,9 @@ public:
         : window_(window)
     {}
 
+    /// Lets the window system move the window: for content that is in a window of the system's own.
+    void leaveToSystem() { isLeftToSystem_ = true; }
+
     void press(const QMouseEvent& event);
     void move(const QMouseEvent& event);
     void release() { start_.reset(); }
@@ -31,6 +34,7 @@ private:
     };
 
     QWidget& window_;
+    bool isLeftToSystem_ = false;
     std::optional<Start> start_;
 };
 

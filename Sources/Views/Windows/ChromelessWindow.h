@@ -23,6 +23,9 @@ public:
     ChromelessWindow(const QString& title, QWidget* view, QSize size, const WindowTheme& theme,
                      NativeWindows& nativeWindows);
 
+    /// For a window that is content in one of the system's own.
+    void leaveDraggingToSystem() { drag_.leaveToSystem(); }
+
     AnimatedBackground& background() const { return *background_; }
 
 protected:

@@ -4,6 +4,8 @@
 
 #include "Accessibility/WindowAccessibility.h"
 #include "AppState.h"
+#include "Support/HostedWidget.h"
+#include "WindowHost.h"
 #include "Windows/AboutView.h"
 #include "Windows/AccessibilityOnboardingView.h"
 #include "Windows/ChromelessWindow.h"
@@ -11,6 +13,8 @@
 #include "Windows/SettingsView.h"
 #include "Windows/Website.h"
 #include "Workspace.h"
+
+#include <utility>
 
 namespace tessel {
 
@@ -31,10 +35,28 @@ std::function<void()> closing(AppState& appState, Controller controller)
     };
 }
 
-std::unique_ptr<WindowController> controllerOf(QWidget* window, const SecondaryWindowNeeds& needs)
+std::unique_ptr<WindowController> controllerOf(std::unique_ptr<QWidget, Retirement> window,
+                                               WindowDescription::Frame frame,
+                                               const SecondaryWindowNeeds& needs)
 {
-    return std::make_unique<SecondaryWindowController>(std::unique_ptr<QWidget, Retirement>(window),
-                                                       needs.nativeWindows, needs.screens);
+    if (needs.host == nullptr)
+        return std::make_unique<SecondaryWindowController>(std::move(window), needs.nativeWindows,
+                                                           needs.screens);
+    const WindowDescription description = {
+        .frame = frame,
+        .title = window->windowTitle().toStdString(),
+        .contentSize = {static_cast<double>(window->width()), static_cast<double>(window->height())}};
+    return needs.host->makeWindow(description, std::make_unique<HostedWidget>(std::move(window)));
+}
+
+/// A window without a title bar around `view`, of which this takes ownership.
+std::unique_ptr<WindowController> chromelessControllerOf(const QString& title, QWidget* view, QSize size,
+                                                         const SecondaryWindowNeeds& needs)
+{
+    auto* window = new ChromelessWindow(title, view, size, needs.theme, needs.nativeWindows);
+    if (needs.host != nullptr)
+        window->leaveDraggingToSystem();
+    return controllerOf(std::unique_ptr<QWidget, Retirement>(window), WindowDescription::Frame::none, needs);
 }
 
 } // namespace
@@ -45,9 +67,8 @@ SecondaryWindowFactory settingsFactory(const SecondaryWindowNeeds& needs)
     return [needs](AppState& appState) {
         auto* view =
             new SettingsView(appState, needs.theme, closing(appState, &AppState::settingsController));
-        return controllerOf(new ChromelessWindow(QCoreApplication::translate("SecondaryWindows", "Settings"),
-                                                 view, settingsSize, needs.theme, needs.nativeWindows),
-                            needs);
+        return chromelessControllerOf(QCoreApplication::translate("SecondaryWindows", "Settings"), view,
+                                      settingsSize, needs);
     };
 }
 
@@ -59,9 +80,8 @@ SecondaryWindowFactory aboutFactory(const SecondaryWindowNeeds& needs)
             appState, needs.theme,
             {.openWebsite = [&workspace = needs.workspace] { workspace.openURL(website::address); },
              .close = closing(appState, &AppState::aboutController)});
-        return controllerOf(
-            new ChromelessWindow(QCoreApplication::translate("SecondaryWindows", "About Tessel Clipboard"),
-                                 view, aboutSize, needs.theme, needs.nativeWindows),
+        return chromelessControllerOf(
+            QCoreApplication::translate("SecondaryWindows", "About Tessel Clipboard"), view, aboutSize,
             needs);
     };
 }
@@ -78,7 +98,8 @@ SecondaryWindowFactory onboardingFactory(const SecondaryWindowNeeds& needs)
                                                      closing(appState, &AppState::onboardingController));
         view->setWindowTitle(QCoreApplication::translate("SecondaryWindows", "Setup Required"));
         view->setFixedSize(onboardingSize);
-        return controllerOf(view, needs);
+        return controllerOf(std::unique_ptr<QWidget, Retirement>(view), WindowDescription::Frame::titleBar,
+                            needs);
     };
 }
 

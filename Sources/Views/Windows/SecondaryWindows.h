@@ -10,6 +10,7 @@ namespace tessel {
 class AppState;
 class NativeWindows;
 class Screens;
+class WindowHost;
 class WindowTheme;
 class Workspace;
 
@@ -19,6 +20,8 @@ struct SecondaryWindowNeeds {
     NativeWindows& nativeWindows;
     const Screens& screens;
     Workspace& workspace;
+    /// Makes the windows. Null: the view toolkit does.
+    WindowHost* host = nullptr;
 };
 
 using SecondaryWindowFactory = std::function<std::unique_ptr<WindowController>(AppState&)>;

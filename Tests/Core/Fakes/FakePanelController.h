@@ -4,7 +4,7 @@
 #include <utility>
 
 #include "Fakes/CallLog.h"
-#include "Panel/PanelDescription.h"
+#include "PanelDescription.h"
 #include "WindowController.h"
 
 namespace tessel::test {

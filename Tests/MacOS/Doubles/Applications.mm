@@ -10,6 +10,9 @@ NSNotificationName const NSApplicationDidBecomeActiveNotification =
 NSNotificationName const NSApplicationDidResignActiveNotification =
     @"NSApplicationDidResignActiveNotification";
 
+NSNotificationName const NSWorkspaceAccessibilityDisplayOptionsDidChangeNotification =
+    @"NSWorkspaceAccessibilityDisplayOptionsDidChangeNotification";
+
 @implementation NSRunningApplication
 
 - (pid_t)processIdentifier
@@ -36,6 +39,16 @@ NSNotificationName const NSApplicationDidResignActiveNotification =
     return Reply(message(self, "frontmostApplication")).object([NSRunningApplication class]);
 }
 
+- (NSNotificationCenter*)notificationCenter
+{
+    return Reply(message(self, "notificationCenter")).object([NSNotificationCenter class]);
+}
+
+- (BOOL)accessibilityDisplayShouldReduceMotion
+{
+    return Reply(message(self, "accessibilityDisplayShouldReduceMotion")).boolean();
+}
+
 - (BOOL)openURL:(NSURL*)url
 {
     return Reply(message(self, "openURL:", url)).boolean();
@@ -53,6 +66,11 @@ NSNotificationName const NSApplicationDidResignActiveNotification =
 - (BOOL)isActive
 {
     return Reply(message(self, "isActive")).boolean();
+}
+
+- (NSAppearance*)effectiveAppearance
+{
+    return Reply(message(self, "effectiveAppearance")).object([NSAppearance class]);
 }
 
 - (void)activateIgnoringOtherApps:(BOOL)ignoringOtherApps

@@ -12,6 +12,11 @@ using namespace tessel::test;
     return Reply(message("NSUserDefaults", "standardUserDefaults")).object(self);
 }
 
+- (instancetype)initWithSuiteName:(NSString*)suiteName
+{
+    return Reply(message("NSUserDefaults", "initWithSuiteName:", suiteName)).initialized([super init]);
+}
+
 - (id)objectForKey:(NSString*)key
 {
     return Reply(message(self, "objectForKey:", key)).value();

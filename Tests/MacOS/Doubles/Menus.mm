@@ -60,15 +60,6 @@ NSMenuItem* findMenuItem(const std::string& title)
 
 } // namespace
 
-@implementation NSColor
-
-+ (NSColor*)secondaryLabelColor
-{
-    return Reply(message("NSColor", "secondaryLabelColor")).object(self);
-}
-
-@end
-
 @implementation NSFont
 
 + (NSFont*)preferredFontForTextStyle:(NSFontTextStyle)style

@@ -3,6 +3,8 @@
 #include <cstdint>
 #include <string>
 
+#include "NativeWindows.h"
+
 // What the system does of its own accord, for a test to make it happen.
 
 namespace tessel::test {
@@ -26,7 +28,27 @@ std::size_t waitingBlocks();
 void fireTimer(const std::string& timer);
 /// The user chooses a row of the status item's menu. Fails the test when it cannot be chosen.
 void chooseMenuItem(const std::string& title);
+/// A window's class lets it have the keyboard, or be the main window. Fails the test when there is no such
+/// window.
+bool canBecomeKey(const std::string& window);
+bool canBecomeMain(const std::string& window);
+/// The value under a key path changes for its observer. Fails the test when nobody observes it.
+void changeObservedValue(const std::string& keyPath);
 /// A notification comes for an observer. Fails the test when it does not observe.
 void notify(const std::string& observer);
+
+/// A native view that the view toolkit has made.
+class ToolkitView {
+public:
+    explicit ToolkitView(const std::string& name);
+    ~ToolkitView();
+    ToolkitView(const ToolkitView&) = delete;
+    ToolkitView& operator=(const ToolkitView&) = delete;
+
+    NativeWindowHandle handle() const { return NativeWindowHandle{reinterpret_cast<std::uintptr_t>(view_)}; }
+
+private:
+    void* view_;
+};
 
 } // namespace tessel::test

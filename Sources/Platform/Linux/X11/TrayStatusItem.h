@@ -6,8 +6,8 @@
 #include <string>
 #include <vector>
 
+#include "ObserverList.h"
 #include "StatusItem.h"
-#include "X11/ObserverList.h"
 #include "X11/TrayIcon.h"
 #include "X11/UserTime.h"
 #include "X11/X11Connection.h"

@@ -24,6 +24,7 @@ enum CGEventFlags : uint64_t {
 };
 
 extern "C" {
+CFDictionaryRef _Nullable CGSessionCopyCurrentDictionary(void);
 CGEventSourceRef _Nullable CGEventSourceCreate(CGEventSourceStateID state);
 CGEventRef _Nullable CGEventCreateKeyboardEvent(CGEventSourceRef _Nullable source, CGKeyCode keyCode,
                                                 bool keyDown);

@@ -151,6 +151,21 @@ typedef NSString* NSAttributedStringKey;
 
 @class NSError;
 
+typedef NSString* NSKeyValueChangeKey;
+typedef NS_OPTIONS(NSUInteger, NSKeyValueObservingOptions) { NSKeyValueObservingOptionNew = 0x01 };
+
+@interface NSObject (NSKeyValueObserving)
+- (void)observeValueForKeyPath:(nullable NSString*)keyPath
+                      ofObject:(nullable id)object
+                        change:(nullable NSDictionary<NSKeyValueChangeKey, id>*)change
+                       context:(nullable void*)context;
+- (void)addObserver:(NSObject*)observer
+         forKeyPath:(NSString*)keyPath
+            options:(NSKeyValueObservingOptions)options
+            context:(nullable void*)context;
+- (void)removeObserver:(NSObject*)observer forKeyPath:(NSString*)keyPath;
+@end
+
 @interface NSTimer : NSObject
 + (NSTimer*)scheduledTimerWithTimeInterval:(NSTimeInterval)interval
                                    repeats:(BOOL)repeats
@@ -160,6 +175,7 @@ typedef NSString* NSAttributedStringKey;
 
 @interface NSUserDefaults : NSObject
 @property(class, readonly, strong) NSUserDefaults* standardUserDefaults;
+- (nullable instancetype)initWithSuiteName:(nullable NSString*)suiteName;
 - (nullable id)objectForKey:(NSString*)key;
 - (void)setObject:(nullable id)value forKey:(NSString*)key;
 - (void)setDouble:(double)value forKey:(NSString*)key;

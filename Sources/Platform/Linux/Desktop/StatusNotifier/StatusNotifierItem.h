@@ -9,8 +9,8 @@
 
 #include "Appearance.h"
 #include "Desktop/StatusNotifier/StatusNotifierRegistration.h"
+#include "ObserverList.h"
 #include "StatusItem.h"
-#include "X11/ObserverList.h"
 
 namespace tessel {
 

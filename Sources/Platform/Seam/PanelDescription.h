@@ -39,8 +39,9 @@ using PanelConfigurationStep =
                  PanelStep::HasShadow, PanelStep::MovableByWindowBackground, PanelStep::Opaque,
                  PanelStep::ClearBackground, PanelStep::ContentViewController>;
 
-/// How the history panel's window is made: its initialiser's arguments, and then its configuration, to be
-/// applied in order.
+/// How a panel's window is made: its initialiser's arguments, and then its configuration, to be
+/// applied in order. Beyond it the window keeps its class's habits; in particular it hides while the
+/// application is inactive.
 struct PanelDescription {
     Rect contentRect;
     std::uint64_t styleMask;    ///< 0: borderless.
@@ -48,9 +49,5 @@ struct PanelDescription {
     bool defersCreation;
     std::vector<PanelConfigurationStep> configuration;
 };
-
-/// The one description of the history panel. Beyond it the window keeps its class's habits; in particular it
-/// hides while the application is inactive.
-PanelDescription panelDescription();
 
 } // namespace tessel

@@ -1,4 +1,4 @@
-#include "Panel/PanelDescription.h"
+#include "Panel/HistoryPanelDescription.h"
 
 namespace tessel {
 

@@ -1,7 +1,7 @@
 #include <gmock/gmock.h>
 
 #include "Fakes/FakeDesktop.h"
-#include "Panel/PanelDescription.h"
+#include "Panel/HistoryPanelDescription.h"
 
 namespace tessel::test {
 namespace {

@@ -1,0 +1,10 @@
+#import "SystemUpdater.h"
+
+namespace tessel {
+
+std::unique_ptr<UpdaterController> makeSystemUpdater()
+{
+    return nullptr;
+}
+
+} // namespace tessel

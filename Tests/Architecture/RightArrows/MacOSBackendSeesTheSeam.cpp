@@ -1,0 +1,2 @@
+#include "Backend.h"
+#include "Platform.h"

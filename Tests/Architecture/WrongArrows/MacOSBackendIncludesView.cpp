@@ -1,0 +1,1 @@
+#include "Panel/KeyCaptureView.h"
