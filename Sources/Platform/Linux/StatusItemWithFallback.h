@@ -6,7 +6,7 @@
 
 #include "MainQueue.h"
 #include "StatusItem.h"
-#include "X11/ObserverList.h"
+#include "Support/ObserverList.h"
 
 namespace tessel {
 

@@ -13,7 +13,7 @@
 #include <QtDBus/QDBusVariant>
 
 #include "Appearance.h"
-#include "X11/ObserverList.h"
+#include "Support/ObserverList.h"
 
 namespace tessel {
 

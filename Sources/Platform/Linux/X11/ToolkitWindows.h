@@ -9,8 +9,8 @@
 #include <QtCore/QPoint>
 #include <xcb/xcb.h>
 
+#include "Support/ObserverList.h"
 #include "Token.h"
-#include "X11/ObserverList.h"
 #include "X11/UserTime.h"
 #include "X11/X11Connection.h"
 

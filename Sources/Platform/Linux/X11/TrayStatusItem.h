@@ -7,7 +7,7 @@
 #include <vector>
 
 #include "StatusItem.h"
-#include "X11/ObserverList.h"
+#include "Support/ObserverList.h"
 #include "X11/TrayIcon.h"
 #include "X11/UserTime.h"
 #include "X11/X11Connection.h"

@@ -4,8 +4,8 @@
 #include <memory>
 #include <optional>
 
+#include "Support/ObserverList.h"
 #include "Token.h"
-#include "X11/ObserverList.h"
 #include "X11/X11Connection.h"
 
 namespace tessel {

@@ -3,8 +3,8 @@
 #include <memory>
 
 #include "Application.h"
+#include "Support/ObserverList.h"
 #include "Token.h"
-#include "X11/ObserverList.h"
 #include "X11/ToolkitWindows.h"
 #include "X11/WindowManager.h"
 #include "X11/X11Connection.h"

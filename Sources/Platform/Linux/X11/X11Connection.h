@@ -11,9 +11,9 @@
 #include <QtCore/QObject>
 #include <xcb/xcb.h>
 
+#include "Support/ObserverList.h"
 #include "Token.h"
 #include "X11/NoWindow.h"
-#include "X11/ObserverList.h"
 #include "X11/X11Atoms.h"
 #include "X11/X11Reply.h"
 

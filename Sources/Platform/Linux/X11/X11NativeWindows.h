@@ -11,8 +11,8 @@
 #include <QtCore/QPoint>
 
 #include "NativeWindows.h"
+#include "Support/ObserverList.h"
 #include "Token.h"
-#include "X11/ObserverList.h"
 #include "X11/ScreenPictures.h"
 #include "X11/ToolkitWindows.h"
 #include "X11/UserTime.h"

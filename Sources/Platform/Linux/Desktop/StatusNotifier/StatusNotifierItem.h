@@ -10,7 +10,7 @@
 #include "Appearance.h"
 #include "Desktop/StatusNotifier/StatusNotifierRegistration.h"
 #include "StatusItem.h"
-#include "X11/ObserverList.h"
+#include "Support/ObserverList.h"
 
 namespace tessel {
 
