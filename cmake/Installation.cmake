@@ -14,8 +14,10 @@ install(FILES ${resources}/document.on.clipboard.fill.svg
     DESTINATION ${CMAKE_INSTALL_DATADIR}/icons/hicolor/symbolic/apps RENAME ${application_id}-symbolic.svg)
 # The bus wants an absolute path, and the prefix may be chosen as late as at the installation.
 install(CODE "
-    set(service_file \"${application_id}.service\")
-    file(WRITE \"${PROJECT_BINARY_DIR}/\${service_file}\"
-        \"[D-BUS Service]\nName=${application_id}\nExec=\${CMAKE_INSTALL_PREFIX}/${CMAKE_INSTALL_BINDIR}/tessel-clipboard\n\")")
-install(FILES ${PROJECT_BINARY_DIR}/${application_id}.service
-    DESTINATION ${CMAKE_INSTALL_DATADIR}/dbus-1/services)
+    set(service_file
+        \"\${CMAKE_INSTALL_PREFIX}/${CMAKE_INSTALL_DATADIR}/dbus-1/services/${application_id}.service\")
+    message(STATUS \"Installing: \$ENV{DESTDIR}\${service_file}\")
+    file(WRITE \"\$ENV{DESTDIR}\${service_file}\"
+        \"[D-BUS Service]\nName=${application_id}\nExec=\${CMAKE_INSTALL_PREFIX}/${CMAKE_INSTALL_BINDIR}/tessel-clipboard\n\")
+    file(CHMOD \"\$ENV{DESTDIR}\${service_file}\" PERMISSIONS OWNER_READ OWNER_WRITE GROUP_READ WORLD_READ)
+    list(APPEND CMAKE_INSTALL_MANIFEST_FILES \"\${service_file}\")")

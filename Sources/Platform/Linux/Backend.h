@@ -10,7 +10,7 @@
 #include "Platform.h"
 #include "RemoteControl.h"
 #include "StatusItem.h"
-#include "UpdateSource.h"
+#include "Updates/InstalledUpdateSource.h"
 
 namespace tessel {
 
@@ -63,9 +63,6 @@ std::string takeStartupID();
 
 /// From now on a crash of this process leaves no image of its memory behind.
 void keepMemoryToOurselves();
-
-/// Where updates come from, as this program is installed.
-UpdateSource installedUpdateSource();
 
 /// True when there is a window system to connect to.
 bool displayIsAvailable();

@@ -366,6 +366,8 @@ TEST_F(StatusNotifierItemTest, NamesItsIconWhereMenuBarsPaintItInTheirOwnColour)
 {
     showAndRead();
     qputenv("XDG_DATA_HOME", directory_.path().c_str());
+    // Where this system may have the program installed.
+    qputenv("XDG_DATA_DIRS", (directory_.path() / "system").c_str());
     const auto name = [this](const char* desktop) {
         qputenv("XDG_CURRENT_DESKTOP", desktop);
         return reader_->properties().value(QStringLiteral("IconName")).toString().toStdString();

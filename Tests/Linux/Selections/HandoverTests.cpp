@@ -21,8 +21,13 @@ protected:
     }
     void handOn()
     {
-        coordinator.handOn([this] { ++doneCount; });
+        beginToHandOn();
         display.deliverAll();
+    }
+    /// Nothing of it has reached the server yet.
+    void beginToHandOn()
+    {
+        coordinator.handOn(display.now, [this] { ++doneCount; });
     }
     bool hasAskedManager() const
     {
@@ -135,6 +140,44 @@ TEST_F(Handover, EachSignOfLifeRenewsThePatienceUpToItsEnd)
     EXPECT_EQ(doneCount, 1);
 }
 
+TEST_F(Handover, AServerThatDoesNotAnswerIsNotWaitedForLongerThanThePatienceLasts)
+{
+    startManager();
+    writeText(1, "word");
+    beginToHandOn();
+    display.now += 4'999ms;
+    coordinator.timePassed(display.now);
+    EXPECT_EQ(doneCount, 0);
+    EXPECT_EQ(coordinator.deadline(), display.now + 1ms);
+    display.now += 1ms;
+    coordinator.timePassed(display.now);
+    EXPECT_EQ(doneCount, 1);
+    display.deliverAll();
+    EXPECT_FALSE(hasAskedManager()) << "a late answer is nobody's";
+}
+
+TEST_F(Handover, TheLossOfTheConnectionIsTheEnd)
+{
+    startManager();
+    writeText(1, "word");
+    beginToHandOn();
+    int availableCount = 0;
+    coordinator.whenAvailable([&] { ++availableCount; });
+    coordinator.connectionLost();
+    EXPECT_EQ(doneCount, 1);
+    EXPECT_EQ(availableCount, 1);
+}
+
+TEST_F(Handover, TheLossOfTheConnectionIsTheEndAlsoWhileTheManagerIsWaitedFor)
+{
+    startManager();
+    writeText(1, "word");
+    handOn();
+    EXPECT_EQ(doneCount, 0);
+    coordinator.connectionLost();
+    EXPECT_EQ(doneCount, 1);
+}
+
 TEST_F(Handover, AWriteThatIsStillOnItsWayIsHandedOn)
 {
     startManager();
@@ -232,6 +275,24 @@ TEST_F(HandoverOnX11, ASilentManagerDoesNotKeepUsForEver)
     ending->clearContents();
     ending->setString(std::make_shared<const std::string>("word"));
     EXPECT_TRUE(end(std::move(ending)));
+}
+
+TEST_F(HandoverOnX11, TheLossOfTheConnectionDoesNotKeepUs)
+{
+    waitForManager();
+    requestor_.own("CLIPBOARD_MANAGER");
+    auto ending = second(endless);
+    ending->clearContents();
+    ending->setString(std::make_shared<const std::string>("word"));
+    bool isDone = false;
+    ending->handOn([&] { isDone = true; });
+    requestor_.waitForRequest("CLIPBOARD_MANAGER");
+    EXPECT_FALSE(isDone);
+    requestor_.disconnectOwnerOf("CLIPBOARD");
+    EXPECT_TRUE(loop_.runUntil([&] { return isDone; }));
+    isDone = false;
+    ending->whenAvailable([&] { isDone = true; });
+    EXPECT_TRUE(loop_.runUntil([&] { return isDone; }));
 }
 
 TEST_F(HandoverOnX11, WithoutADisplayThereIsNothingToWaitFor)

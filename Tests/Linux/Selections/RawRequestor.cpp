@@ -123,4 +123,21 @@ void RawRequestor::own(const std::string& selection)
     xcb_flush(connection_.get());
 }
 
+void RawRequestor::waitForRequest(const std::string& selection)
+{
+    const xcb_atom_t atom = intern(selection);
+    while (const Received<xcb_generic_event_t> event{xcb_wait_for_event(connection_.get())}) {
+        if ((event->response_type & 0x7F) == XCB_SELECTION_REQUEST &&
+            reinterpret_cast<const xcb_selection_request_event_t&>(*event).selection == atom)
+            return;
+    }
+    throw std::runtime_error("the connection to the X display is broken");
+}
+
+void RawRequestor::disconnectOwnerOf(const std::string& selection)
+{
+    xcb_kill_client(connection_.get(), ownerOf(selection));
+    xcb_flush(connection_.get());
+}
+
 } // namespace tessel

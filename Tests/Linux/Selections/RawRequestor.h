@@ -29,6 +29,10 @@ public:
     xcb_window_t ownerOf(const std::string& selection);
     /// Takes the selection with this window, and answers nobody.
     void own(const std::string& selection);
+    /// Waits until somebody asks this window for the selection.
+    void waitForRequest(const std::string& selection);
+    /// Has the server cut the connection of the selection's owner.
+    void disconnectOwnerOf(const std::string& selection);
 
 private:
     xcb_atom_t intern(const std::string& name);

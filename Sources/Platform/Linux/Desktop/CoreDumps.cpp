@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include <sys/prctl.h>
 #include <sys/resource.h>
 
 namespace tessel {
@@ -14,6 +15,10 @@ void forbidCoreDumps()
     rlimit limit = {};
     if (::getrlimit(RLIMIT_CORE, &limit) != 0)
         return;
+    // Where even one byte is forbidden, only a process that must not be dumped at all is kept from a
+    // collector.
+    if (limit.rlim_max < noDump)
+        ::prctl(PR_SET_DUMPABLE, 0);
     limit.rlim_cur = std::min(noDump, limit.rlim_max);
     ::setrlimit(RLIMIT_CORE, &limit);
 }

@@ -1,4 +1,4 @@
-#include "Backend.h"
+#include "Updates/InstalledUpdateSource.h"
 
 #include <QtCore/QSysInfo>
 

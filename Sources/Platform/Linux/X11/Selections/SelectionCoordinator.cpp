@@ -38,7 +38,7 @@ SelectionCoordinator::SelectionCoordinator(SelectionWire& wire, const SelectionA
             receivePresentOwner(time, now);
         if (receiver_.isIdle())
             answerSavers(time);
-        if (afterHandover_)
+        if (std::exchange(isHandoverDue_, false))
             beginHandover(time, now);
     };
     acquisition_.onTaken = [this](AtomID selection, ServerTime time) {
@@ -96,25 +96,34 @@ void SelectionCoordinator::whenAvailable(std::function<void()> done)
     answerWaiting();
 }
 
-void SelectionCoordinator::handOn(std::function<void()> done)
+void SelectionCoordinator::handOn(Moment now, std::function<void()> done)
 {
+    handover_.prepare(now, std::move(done));
     // What was written last is on its way to the clipboard perhaps.
-    whenAvailable([this, done = std::move(done)]() mutable {
+    whenAvailable([this] {
         const bool isManagerOurs = server_.offered(atoms_.clipboardManager) != nullptr;
         if (isManagerOurs || !server_.offered(atoms_.clipboard))
-            return done();
-        afterHandover_ = std::move(done);
+            return handover_.finish();
+        isHandoverDue_ = true;
         acquisition_.askTime();
     });
 }
 
+void SelectionCoordinator::connectionLost()
+{
+    handover_.finish();
+    for (const auto& done : std::exchange(waitingForAvailability_, {}))
+        done();
+}
+
 void SelectionCoordinator::beginHandover(ServerTime time, Moment now)
 {
-    auto done = std::exchange(afterHandover_, nullptr);
+    if (!handover_.isUnderWay())
+        return; // The server's time has come too late.
     const auto offer = server_.offered(atoms_.clipboard);
     if (!offer || offer->value->isEmpty())
-        return done();
-    handover_.begin(server_.targetsToHandOn(*offer->value), time, now, std::move(done));
+        return handover_.finish();
+    handover_.begin(server_.targetsToHandOn(*offer->value), time, now);
 }
 
 void SelectionCoordinator::answerWaiting()

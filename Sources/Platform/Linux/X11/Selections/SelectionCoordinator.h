@@ -50,8 +50,10 @@ public:
     void whenAvailable(std::function<void()> done);
     /// Before we end: hands the clipboard's value on to the clipboard manager that somebody else is. Runs
     /// `done` when that is over, well or not; soon where the value is not ours or nobody takes it.
-    void handOn(std::function<void()> done);
+    void handOn(Moment now, std::function<void()> done);
     void setHandoverPatience(const HandoverPatience& patience) { handover_.setPatience(patience); }
+    /// Nobody is going to answer any more: who waits for that waits no longer.
+    void connectionLost();
     void pictureConverted(const SelectionServer::SharedOffer& offer, AtomID target, SharedBytes bytes,
                           Moment now);
     bool isPictureWanted(const SelectionServer::SharedOffer& offer, AtomID target) const;
@@ -104,8 +106,8 @@ private:
     bool isOwnerFromBefore_ = false;
     std::vector<SelectionRequest> savers_;
     std::vector<std::function<void()>> waitingForAvailability_;
-    /// What runs after a handover that waits for the server's time.
-    std::function<void()> afterHandover_;
+    /// Whether a handover waits for the server's time.
+    bool isHandoverDue_ = false;
 };
 
 } // namespace tessel

@@ -5,12 +5,16 @@
 
 namespace tessel {
 
-void SelectionHandover::begin(const std::vector<AtomID>& targets, ServerTime time, Moment now,
-                              std::function<void()> done)
+void SelectionHandover::prepare(Moment now, std::function<void()> done)
 {
     done_ = std::move(done);
-    silenceEnds_ = now + patience_.silence;
+    silenceEnds_.reset();
     wholeEnds_ = now + patience_.whole;
+}
+
+void SelectionHandover::begin(const std::vector<AtomID>& targets, ServerTime time, Moment now)
+{
+    silenceEnds_ = now + patience_.silence;
     const AtomID property = atoms_.saveTargets;
     wire_.changeProperty(wire_.ownerWindow(), property, atoms_.atom, 32, std::as_bytes(std::span(targets)));
     // From the window that owns the clipboard: a manager may look whether it is the owner that asks.
@@ -24,7 +28,8 @@ void SelectionHandover::begin(const std::vector<AtomID>& targets, ServerTime tim
 
 void SelectionHandover::progress(Moment now)
 {
-    silenceEnds_ = now + patience_.silence;
+    if (silenceEnds_)
+        silenceEnds_ = now + patience_.silence;
 }
 
 void SelectionHandover::selectionNotified(const SelectionNotice& notice)
@@ -44,7 +49,7 @@ std::optional<Moment> SelectionHandover::deadline() const
 {
     if (!done_)
         return std::nullopt;
-    return std::min(silenceEnds_, wholeEnds_);
+    return std::min(silenceEnds_.value_or(wholeEnds_), wholeEnds_);
 }
 
 void SelectionHandover::finish()

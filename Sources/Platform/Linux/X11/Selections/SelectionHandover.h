@@ -21,9 +21,16 @@ public:
     {}
 
     void setPatience(const HandoverPatience& patience) { patience_ = patience; }
-    /// Asks the manager to save these targets; `time` is the server's. `done` runs once, when the manager has
-    /// them, refuses, is not there or is silent. One at a time.
-    void begin(const std::vector<AtomID>& targets, ServerTime time, Moment now, std::function<void()> done);
+    /// The handover will begin, or finish without. `done` runs once, at its end, whatever that is. One at a
+    /// time.
+    void prepare(Moment now, std::function<void()> done);
+    /// Asks the manager to save these targets; `time` is the server's. The end is when the manager has them,
+    /// refuses, is not there or is silent.
+    void begin(const std::vector<AtomID>& targets, ServerTime time, Moment now);
+    /// From `prepare` to the end.
+    bool isUnderWay() const { return done_ != nullptr; }
+    /// Ends it, if it is under way.
+    void finish();
     /// Somebody asks for a value, or takes a piece of one.
     void progress(Moment now);
     void selectionNotified(const SelectionNotice& notice);
@@ -31,13 +38,11 @@ public:
     std::optional<Moment> deadline() const;
 
 private:
-    void finish();
-
     SelectionWire& wire_;
     const SelectionAtoms& atoms_;
     HandoverPatience patience_;
-    std::function<void()> done_; ///< Empty: nothing is handed on.
-    Moment silenceEnds_;
+    std::function<void()> done_;        ///< Empty: nothing is handed on.
+    std::optional<Moment> silenceEnds_; ///< None: the manager has not been asked yet.
     Moment wholeEnds_;
 };
 

@@ -53,6 +53,7 @@ public:
     void post(std::function<void()> work) { inbox_->post(std::move(work)); }
     void stop();
     SelectionCoordinator& coordinator() { return coordinator_; }
+    void whenAvailable(std::function<void()> done);
     void handOn(const HandoverPatience& patience, std::function<void()> done);
 
 private:
@@ -131,18 +132,27 @@ void SelectionsWorker::Thread::stop()
     post([] {});
 }
 
+void SelectionsWorker::Thread::whenAvailable(std::function<void()> done)
+{
+    if (connection_->isLost())
+        return done();
+    coordinator_.whenAvailable(std::move(done));
+}
+
 void SelectionsWorker::Thread::handOn(const HandoverPatience& patience, std::function<void()> done)
 {
     if (connection_->isLost())
         return done();
     coordinator_.setHandoverPatience(patience);
-    coordinator_.handOn(std::move(done));
+    coordinator_.handOn(std::chrono::steady_clock::now(), std::move(done));
 }
 
 void SelectionsWorker::Thread::turn(Waiting waiting)
 {
     const bool mustWait =
         waiting == Waiting::forSomething && backlog_ == XcbSelectionConnection::Backlog::none;
+    if (connection_->isLost())
+        coordinator_.connectionLost();
     const auto deadline = connection_->isLost() ? std::nullopt : coordinator_.deadline();
     wait(mustWait ? millisecondsUntil(deadline) : 0);
     for (auto& work : inbox_->takeAll())
@@ -295,7 +305,7 @@ void SelectionsWorker::handOn(const HandoverPatience& patience, std::function<vo
 
 void SelectionsWorker::whenAvailable(std::function<void()> done)
 {
-    body_->post([body = body_.get(), done = std::move(done)] { body->coordinator().whenAvailable(done); });
+    body_->post([body = body_.get(), done = std::move(done)] { body->whenAvailable(done); });
 }
 
 } // namespace tessel
