@@ -40,6 +40,11 @@ TEST_F(TrayNoticeTest, ItComesWithoutTakingTheFocusAndNeverAgain)
     EXPECT_THAT(remembered.str(), testing::HasSubstr("trayNoticeShown"));
 }
 
+TEST_F(TrayNoticeTest, ItHasAnIconForTaskBars)
+{
+    notice().waitForIcon();
+}
+
 TEST_F(TrayNoticeTest, AStateFileThatCannotBeWrittenOrReadIsNoHindrance)
 {
     endProgram();

@@ -4,6 +4,7 @@
 
 #include "Accessibility/WindowAccessibility.h"
 #include "AppState.h"
+#include "Support/ApplicationIcon.h"
 #include "Windows/AboutView.h"
 #include "Windows/AccessibilityOnboardingView.h"
 #include "Windows/ChromelessWindow.h"
@@ -77,6 +78,7 @@ SecondaryWindowFactory onboardingFactory(const SecondaryWindowNeeds& needs)
         auto* view = new AccessibilityOnboardingView(needs.theme, openSettings,
                                                      closing(appState, &AppState::onboardingController));
         view->setWindowTitle(QCoreApplication::translate("SecondaryWindows", "Setup Required"));
+        view->setWindowIcon(applicationIcon());
         view->setFixedSize(onboardingSize);
         return controllerOf(view, needs);
     };
