@@ -40,6 +40,12 @@ TEST_F(OnboardingTest, OpensOneWindowInTheMiddleInFrontWithTheFocus)
     EXPECT_EQ(Program::sanitizerComplaint(program.process().errorOutput()), "");
 }
 
+TEST_F(OnboardingTest, HasAnIconForTaskBars)
+{
+    Program program(desktop_);
+    windowOf(program).waitForIcon();
+}
+
 TEST_F(OnboardingTest, TheWindowManagersButtonClosesItAndNothingOpensItAgain)
 {
     Program program(desktop_);

@@ -56,6 +56,12 @@ TEST_P(EitherWindowTest, OpensInTheMiddleOfTheScreenWithTheFocus)
     EXPECT_EQ(subject().count(), 1U);
 }
 
+TEST_P(EitherWindowTest, HasAnIconForTaskBars)
+{
+    open();
+    subject().waitForIcon();
+}
+
 TEST_P(EitherWindowTest, OpensOnTheMonitorUnderThePointerClearOfADock)
 {
     Monitors(desktop_).set({{"left", {0, 0, 640, 1024}}, {"right", {640, 0, 640, 900}}});

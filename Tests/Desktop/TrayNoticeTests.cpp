@@ -49,6 +49,11 @@ TEST_F(TrayNoticeTest, ItGoesWhenATrayComesAfterAll)
     notice().waitUntilClosed();
 }
 
+TEST_F(TrayNoticeTest, ItHasAnIconForTaskBars)
+{
+    notice().waitForIcon();
+}
+
 TEST_F(TrayNoticeTest, AStateFileThatCannotBeWrittenOrReadIsNoHindrance)
 {
     endProgram();

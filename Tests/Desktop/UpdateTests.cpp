@@ -112,6 +112,13 @@ TEST_F(UpdateTest, WithoutAFeedItSaysThatPackagesBringUpdatesAndGivesTheFocusBac
     });
 }
 
+TEST_F(UpdateTest, ItsWindowHasAnIconForTaskBars)
+{
+    launch();
+    checkForUpdates();
+    updates().waitForIcon();
+}
+
 TEST_F(UpdateTest, ANewVersionsPageIsOpenedByReturn)
 {
     publish("99.0");

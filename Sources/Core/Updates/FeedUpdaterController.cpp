@@ -47,8 +47,10 @@ bool FeedUpdaterController::isDue() const
     if (!lastCheck)
         return true;
     const double interval = std::max(*source_.checkInterval, glanceInterval);
+    // The nearest glance counts. A glance that comes a moment too early would else make an hour two.
+    constexpr double tolerance = glanceInterval / 2;
     // A clock that was wrong and has been set back may have left a time that is far in the future.
-    return std::abs(needs_.clock.now() - *lastCheck) >= interval;
+    return std::abs(needs_.clock.now() - *lastCheck) >= interval - tolerance;
 }
 
 void FeedUpdaterController::checkForUpdates()
@@ -67,6 +69,7 @@ void FeedUpdaterController::checkForUpdates()
 
 void FeedUpdaterController::load()
 {
+    loadingBegan_ = needs_.clock.now();
     loading_ = source_.feed->load([this](const UpdateFeedResult& result) { finish(result); });
 }
 
@@ -82,7 +85,7 @@ void FeedUpdaterController::remember(const UpdateFeedResult& result)
     // Without a network nothing has been looked at. There may be one the next hour.
     const auto* failure = std::get_if<UpdateFeedFailure>(&result);
     if (failure == nullptr || *failure != UpdateFeedFailure::offline)
-        needs_.rememberedState.setDouble(lastCheckKey, needs_.clock.now());
+        needs_.rememberedState.setDouble(lastCheckKey, loadingBegan_);
 }
 
 void FeedUpdaterController::tell(const UpdateFeedResult& result, UpdateOccasion occasion)

@@ -18,8 +18,8 @@ namespace tessel {
 /// Looks for updates in a feed, at the user's request and by itself, and tells the user. It downloads and
 /// installs nothing.
 ///
-/// By itself it looks once in an interval of wall time, and speaks only of a version that the user has not
-/// skipped. Asked, it tells whatever comes of it, of a skipped version too.
+/// By itself it looks once in an interval of wall time, as near as its glances come, and speaks only of a
+/// version that the user has not skipped. Asked, it tells whatever comes of it, of a skipped version too.
 class FeedUpdaterController final : public UpdaterController {
 public:
     /// What it looks at, all of which outlives it.
@@ -32,7 +32,7 @@ public:
     };
     /// @name What is remembered from one run to the next
     /// @{
-    static constexpr std::string_view lastCheckKey = "updates.lastCheck"; ///< A `Date`.
+    static constexpr std::string_view lastCheckKey = "updates.lastCheck"; ///< A `Date`: when it began.
     static constexpr std::string_view skippedVersionKey = "updates.skippedVersion";
     /// @}
 
@@ -66,6 +66,7 @@ private:
     std::string currentVersion_;
     Token timer_;
     Token loading_;
+    Date loadingBegan_ = 0;
     UpdateOccasion occasion_ = UpdateOccasion::unasked; ///< Of what is being loaded.
     std::optional<UpdateStatus> shown_;
 };

@@ -14,9 +14,10 @@ struct UpdateIsSought {};
 struct ProgramIsUpToDate {
     std::string currentVersion;
 };
+/// There is a version that the user may want.
 struct UpdateIsFound {
-    UpdateItem item;
-    std::string currentVersion;
+    UpdateItem item;            ///< The newest one that runs on this system.
+    std::string currentVersion; ///< That of this program.
 };
 /// Nobody has named a feed: the system's packages bring updates.
 struct PackagesBringUpdates {};
@@ -45,6 +46,7 @@ public:
                       std::function<void(UpdateAnswer)> answer) = 0;
     /// Brings what is shown to the user's attention.
     virtual void bringForward() = 0;
+    /// Shows nothing any more; without effect where nothing is shown. No answer comes after it.
     virtual void close() = 0;
 };
 

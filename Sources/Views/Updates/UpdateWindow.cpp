@@ -9,6 +9,7 @@
 #include <algorithm>
 #include <utility>
 
+#include "Support/ApplicationIcon.h"
 #include "Support/TextStyle.h"
 #include "Updates/ProgressBar.h"
 #include "Updates/ReleaseNotesView.h"
@@ -37,6 +38,7 @@ UpdateWindow::UpdateWindow(WindowTheme& theme)
 {
     setAttribute(Qt::WA_OpaquePaintEvent);
     setWindowTitle(tr("Software Update"));
+    setWindowIcon(applicationIcon());
     // Else the first button would have the keyboard focus, and its ring, as soon as the window opens.
     setFocusPolicy(Qt::ClickFocus);
     auto* column = new QVBoxLayout(this);

@@ -4,6 +4,7 @@
 #include <QtWidgets/QVBoxLayout>
 
 #include "NativeWindows.h"
+#include "Support/ApplicationIcon.h"
 #include "Support/DevicePixels.h"
 #include "Support/NativeHandle.h"
 #include "Support/RoundedRegion.h"
@@ -20,6 +21,7 @@ ChromelessWindow::ChromelessWindow(const QString& title, QWidget* view, QSize si
     // Of a window that could be translucent the X server never says that others cover it.
     setAttribute(Qt::WA_TranslucentBackground, nativeWindows.blendsTranslucentWindows());
     setWindowTitle(title);
+    setWindowIcon(applicationIcon());
     setFixedSize(size);
     auto* layout = new QVBoxLayout(this);
     layout->setContentsMargins(0, 0, 0, 0);

@@ -4,6 +4,7 @@
 
 #include "Accessibility/WindowAccessibility.h"
 #include "AppState.h"
+#include "Support/ApplicationIcon.h"
 #include "Support/HostedWidget.h"
 #include "WindowHost.h"
 #include "Windows/AboutView.h"
@@ -97,6 +98,7 @@ SecondaryWindowFactory onboardingFactory(const SecondaryWindowNeeds& needs)
         auto* view = new AccessibilityOnboardingView(needs.theme, openSettings,
                                                      closing(appState, &AppState::onboardingController));
         view->setWindowTitle(QCoreApplication::translate("SecondaryWindows", "Setup Required"));
+        view->setWindowIcon(applicationIcon());
         view->setFixedSize(onboardingSize);
         return controllerOf(std::unique_ptr<QWidget, Retirement>(view), WindowDescription::Frame::titleBar,
                             needs);

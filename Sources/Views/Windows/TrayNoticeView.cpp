@@ -8,6 +8,7 @@
 #include <memory>
 #include <utility>
 
+#include "Support/ApplicationIcon.h"
 #include "Support/Retirement.h"
 #include "Support/TextStyle.h"
 #include "Windows/Controls/FocusRing.h"
@@ -48,6 +49,7 @@ TrayNoticeView::TrayNoticeView(HotKeyPreset preset, WindowTheme& theme, std::fun
     setAttribute(Qt::WA_ShowWithoutActivating);
     setAttribute(Qt::WA_OpaquePaintEvent);
     setWindowTitle(tr("Tessel Clipboard is running"));
+    setWindowIcon(applicationIcon());
     // Else the first button would have the keyboard focus, and its ring.
     setFocusPolicy(Qt::ClickFocus);
     setFocus();

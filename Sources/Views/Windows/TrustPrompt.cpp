@@ -8,6 +8,8 @@
 
 #include <memory>
 
+#include "Support/ApplicationIcon.h"
+
 namespace tessel {
 
 namespace {
@@ -19,6 +21,7 @@ std::unique_ptr<QWidget> makePrompt()
     auto prompt = std::make_unique<QWidget>(nullptr, Qt::Dialog | Qt::WindowStaysOnTopHint);
     prompt->setAttribute(Qt::WA_ShowWithoutActivating);
     prompt->setWindowTitle(QCoreApplication::translate("TrustPrompt", "Paste it yourself"));
+    prompt->setWindowIcon(applicationIcon());
     prompt->setFixedWidth(promptWidth);
 
     auto* message = new QLabel(QCoreApplication::translate(

@@ -19,6 +19,8 @@ using testing::IsEmpty;
 
 constexpr double hour = 3600;
 constexpr double day = 24 * hour;
+/// Seconds that a feed takes to come.
+constexpr double loadingTime = 20;
 
 UpdateItem item(const std::string& version)
 {
@@ -207,11 +209,36 @@ TEST_F(FeedUpdaterTest, LooksByItselfOnceADay)
     queue->advance(FeedUpdaterController::firstDelay);
     for (int days = 1; days <= 5; ++days) {
         EXPECT_EQ(feed->loads, days);
+        queue->advance(loadingTime);
         answer({});
-        queue->advance(day - 1);
+        queue->advance(day - loadingTime - 1);
         EXPECT_EQ(feed->loads, days);
         queue->advance(1);
     }
+}
+
+TEST_F(FeedUpdaterTest, LooksByItselfOnceAnHour)
+{
+    auto hourly = source();
+    hourly.checkInterval = hour;
+    launch(hourly);
+    updater->start();
+    queue->advance(FeedUpdaterController::firstDelay);
+    for (int hours = 1; hours <= 5; ++hours) {
+        EXPECT_EQ(feed->loads, hours);
+        queue->advance(loadingTime);
+        answer({});
+        queue->advance(hour - loadingTime);
+    }
+}
+
+TEST_F(FeedUpdaterTest, AClockThatIsSetRightByMinutesMakesNoDifference)
+{
+    waitForACheck();
+    answer({});
+    clock->jump(-hour / 4);
+    queue->advance(day);
+    EXPECT_EQ(feed->loads, 2);
 }
 
 TEST_F(FeedUpdaterTest, SaysNothingOfWhatNobodyWantsToKnow)

@@ -67,6 +67,21 @@ WindowFacts ProgramWindow::moveTo(Place place)
     return waitForFrame({place.x, place.y, window.frame.width, window.frame.height});
 }
 
+void ProgramWindow::waitForIcon(Deadline deadline)
+{
+    constexpr std::size_t smallPicture = 16 * 16 * sizeof(std::uint32_t);
+    desktop_.connection().waitUntil(
+        "the icon of the window \"" + title_ + "\"",
+        [&] {
+            const auto window = find();
+            const auto icon =
+                window ? desktop_.connection().propertyBytes(window->window, "_NET_WM_ICON") : std::nullopt;
+            return icon && icon->size() > 2 * smallPicture &&
+                   std::ranges::any_of(*icon, [](char byte) { return byte == '\xFF'; });
+        },
+        deadline);
+}
+
 void ProgramWindow::waitUntilClosed(Deadline deadline)
 {
     desktop_.connection().waitUntil(

@@ -391,8 +391,9 @@ TEST_F(StatusNotifierItemTest, OpensItsMenuWhereAHostLeavesThatToUs)
     EXPECT_EQ(answer(reader_->callItem(QStringLiteral("ContextMenu"), {-2, 40})), "");
     EXPECT_EQ(answer(reader_->callItem(QStringLiteral("SecondaryActivate"), {1, 2})), "");
     EXPECT_EQ(answer(reader_->callItem(QStringLiteral("Scroll"), {120, QStringLiteral("vertical")})), "");
-    ASSERT_TRUE(runUntil([this] { return log_.size() == 4; }));
-    EXPECT_THAT(log_, ElementsAre("acts", "menu at 150,990", "acts", "menu at -1,980"));
+    ASSERT_TRUE(runUntil([this] { return log_.size() == 6; }));
+    EXPECT_THAT(log_,
+                ElementsAre("acts", "menu at 150,990", "acts", "menu at -1,980", "acts", "menu at 0,999"));
 }
 
 TEST_F(StatusNotifierItemTest, HasItsRowsAsEntries)

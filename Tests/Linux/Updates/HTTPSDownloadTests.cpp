@@ -169,11 +169,11 @@ TEST_F(HTTPSDownloadTest, TellsAMissingFileFromATroubledServer)
 
 TEST_F(HTTPSDownloadTest, IsOfflineWhereNobodyListens)
 {
-    QUrl address;
-    {
-        const HTTPSServer gone(authority_.issue("IP:127.0.0.1"));
-        address = gone.address("/feed");
-    }
+    // Nobody else can listen there while somebody has the port.
+    QTcpSocket holder;
+    ASSERT_TRUE(holder.bind(QHostAddress::LocalHost, 0, QAbstractSocket::DontShareAddress));
+    QUrl address = server_.address("/feed");
+    address.setPort(holder.localPort());
     EXPECT_EQ(download(address), DownloadResult(UpdateFeedFailure::offline));
 }
 

@@ -90,13 +90,32 @@ TEST_F(UpdateConfigurationTest, IsBrokenWhereSomethingElseHasItsName)
 
 TEST_F(UpdateConfigurationTest, IsNotTheUsersToSay)
 {
-    qputenv("HOME", "/home/user");
-    qputenv("XDG_CONFIG_DIRS",
-            "/home/user/.config/kdedefaults:relative::/opt/etc/../xdg:/home/user:/home/username");
-    EXPECT_EQ(installedConfigurationDirectories(),
-              QStringList({QStringLiteral("/opt/xdg"), QStringLiteral("/home/username")}));
-    qunsetenv("XDG_CONFIG_DIRS");
-    EXPECT_EQ(installedConfigurationDirectories(), QStringList(QStringLiteral("/etc/xdg")));
+    const QDir top(QDir(QString::fromStdString(directory_.path().string())).canonicalPath());
+    for (const char* directory : {"user/.config/kdedefaults", "username", "opt/etc", "opt/xdg"})
+        top.mkpath(QString::fromLatin1(directory));
+    QFile::link(top.filePath(QStringLiteral("user")), top.filePath(QStringLiteral("link")));
+    const auto list = [&top](const QStringList& names) {
+        QStringList paths;
+        for (const QString& name : names)
+            paths.append(top.filePath(name));
+        return paths;
+    };
+    const QStringList entries = {QStringLiteral("user/.config/kdedefaults"),
+                                 QStringLiteral("opt/etc/../xdg"),
+                                 QStringLiteral("user"),
+                                 QStringLiteral("username"),
+                                 QStringLiteral("link/.config/kdedefaults"),
+                                 QStringLiteral("missing")};
+    qputenv("XDG_CONFIG_DIRS", list(entries).join(QLatin1Char(':')).toUtf8() + ":relative::");
+    for (const char* home : {"user", "link", "link/../user/"}) {
+        qputenv("HOME", top.filePath(QString::fromLatin1(home)).toUtf8());
+        EXPECT_EQ(installedConfigurationDirectories(),
+                  list({QStringLiteral("opt/xdg"), QStringLiteral("username")}))
+            << home;
+    }
+    qputenv("XDG_CONFIG_DIRS", "");
+    const QString usual = QStringLiteral("/etc/xdg");
+    EXPECT_EQ(installedConfigurationDirectories(), QDir(usual).exists() ? QStringList(usual) : QStringList());
 }
 
 } // namespace

@@ -63,12 +63,13 @@ readUpdateConfiguration(const QStringList& directories)
 QStringList installedConfigurationDirectories()
 {
     const QString listed = qEnvironmentVariable("XDG_CONFIG_DIRS");
-    const QString home = QDir::cleanPath(QDir::homePath()) + QLatin1Char('/');
+    // The same directory may have several names.
+    const QString home = QDir(QDir::homePath()).canonicalPath() + QLatin1Char('/');
     QStringList directories;
     for (const QString& entry :
          (listed.isEmpty() ? QStringLiteral("/etc/xdg") : listed).split(QLatin1Char(':'))) {
-        const QString directory = QDir::cleanPath(entry);
-        if (QDir::isAbsolutePath(entry) && !(directory + QLatin1Char('/')).startsWith(home))
+        const QString directory = QDir::isAbsolutePath(entry) ? QDir(entry).canonicalPath() : QString();
+        if (!directory.isEmpty() && !(directory + QLatin1Char('/')).startsWith(home))
             directories.append(directory);
     }
     return directories;

@@ -24,9 +24,9 @@ struct BrokenUpdateConfiguration {};
 std::variant<std::monostate, UpdateConfiguration, BrokenUpdateConfiguration>
 readUpdateConfiguration(const QStringList& directories);
 
-/// The directories of installed configuration (`$XDG_CONFIG_DIRS`, XDG Base Directory), most important first,
-/// without those in the user's home, which some desktops add: who can write there could name another feed
-/// otherwise, and its key.
+/// The directories of installed configuration (`$XDG_CONFIG_DIRS`, XDG Base Directory) that exist, most
+/// important first, without those in the user's home, which some desktops add: what lies there was put there
+/// by the user's programs, not by an installation. Symbolic links are resolved.
 QStringList installedConfigurationDirectories();
 
 } // namespace tessel

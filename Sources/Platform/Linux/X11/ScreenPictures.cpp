@@ -6,8 +6,6 @@
 #include <string_view>
 #include <utility>
 
-#include <QtCore/QRect>
-
 #include "X11/Xwayland.h"
 
 namespace tessel {
@@ -42,10 +40,12 @@ public:
         xcb_free_pixmap(raw_, pixmap_);
     }
 
+    /// What has to be answered before it can be finished.
+    xcb_get_image_cookie_t image() const { return image_; }
+
     /// Empty: the server has refused one of the requests.
-    ScreenPicture finish()
+    ScreenPicture finish(const xcb_get_image_reply_t* reply)
     {
-        const auto reply = connection_.wait(xcb_get_image_reply, image_);
         // The answers to all that came before are here, too: this waits for nothing.
         bool hasFailed = false;
         for (const auto cookie : drawings_) {
@@ -56,11 +56,11 @@ public:
         const std::size_t count =
             static_cast<std::size_t>(picture.width) * static_cast<std::size_t>(picture.height);
         const std::size_t bytes = count * sizeof(std::uint32_t);
-        if (hasFailed || !reply || reply->depth != pictureDepth ||
-            static_cast<std::size_t>(xcb_get_image_data_length(reply.get())) < bytes)
+        if (hasFailed || reply == nullptr || reply->depth != pictureDepth ||
+            static_cast<std::size_t>(xcb_get_image_data_length(reply)) < bytes)
             return picture;
         picture.pixels.resize(count);
-        std::memcpy(picture.pixels.data(), xcb_get_image_data(reply.get()), bytes);
+        std::memcpy(picture.pixels.data(), xcb_get_image_data(reply), bytes);
         return picture;
     }
 
@@ -138,15 +138,27 @@ private:
     xcb_get_image_cookie_t image_{};
 };
 
+bool givesPictures(const X11Connection& connection)
+{
+    return connection.isAlive() && connection.extensions().render && !isXwayland(connection) &&
+           hasOurByteOrder(connection.raw());
+}
+
 } // namespace
 
 ScreenPictures::ScreenPictures(std::shared_ptr<X11Connection> connection)
     : connection_(std::move(connection))
 {
-    if (!connection_->isAlive() || !connection_->extensions().render || isXwayland(*connection_) ||
-        !hasOurByteOrder(connection_->raw()))
-        return;
-    question_ = xcb_render_query_pict_formats(connection_->raw());
+    if (givesPictures(*connection_))
+        question_ = xcb_render_query_pict_formats(connection_->raw());
+}
+
+ScreenPictures::ScreenPictures(std::shared_ptr<X11Connection> connection,
+                               const xcb_render_query_pict_formats_reply_t& formats)
+    : connection_(std::move(connection))
+{
+    if (givesPictures(*connection_))
+        findFormats(formats);
 }
 
 void ScreenPictures::learnFormats()
@@ -164,17 +176,21 @@ void ScreenPictures::findFormats(const xcb_render_query_pict_formats_reply_t& re
     screenFormat_ = formatOfVisual(reply, connection_->rootVisual());
 }
 
+bool ScreenPictures::canTake() const
+{
+    return connection_->isAlive() && screenFormat_.id != XCB_NONE && pictureFormat_.id != XCB_NONE;
+}
+
 std::vector<ScreenPicture> ScreenPictures::take(QPoint origin, std::span<const ScreenPictureRequest> requests)
 {
     std::vector<ScreenPicture> pictures(requests.size());
-    if (!connection_->isAlive() || !canTake())
+    if (!canTake())
         return pictures;
-    const QRect screen(0, 0, connection_->rootWidth(), connection_->rootHeight());
     std::vector<std::pair<std::size_t, PictureInTheMaking>> inTheMaking;
     for (std::size_t index = 0; index < requests.size(); ++index) {
         const PixelRectangle& wanted = requests[index].rectangle;
         const QRect rectangle =
-            QRect(wanted.x, wanted.y, wanted.width, wanted.height).translated(origin).intersected(screen);
+            QRect(wanted.x, wanted.y, wanted.width, wanted.height).translated(origin).intersected(screen());
         if (rectangle.isEmpty())
             continue;
         const QPoint corner = rectangle.topLeft() - origin;
@@ -184,10 +200,30 @@ std::vector<ScreenPicture> ScreenPictures::take(QPoint origin, std::span<const S
     }
     for (auto& [index, making] : inTheMaking) {
         const PixelRectangle rectangle = pictures[index].rectangle;
-        pictures[index] = making.finish();
+        pictures[index] = making.finish(connection_->wait(xcb_get_image_reply, making.image()).get());
         pictures[index].rectangle = rectangle;
     }
     return pictures;
+}
+
+void ScreenPictures::takeLater(const QRect& rectangle, std::weak_ptr<const void> owner,
+                               std::function<void(const ScreenPicture&)> handler)
+{
+    const QRect visible = rectangle.intersected(screen());
+    if (!canTake() || visible.isEmpty())
+        return;
+    constexpr int unreduced = 1;
+    const auto making = std::make_shared<PictureInTheMaking>(
+        *connection_, PictureInTheMaking::Formats{screenFormat_, pictureFormat_}, visible, unreduced);
+    // It is finished whether or not somebody still wants it: the library would else keep what was refused.
+    connection_->whenReplied<xcb_get_image_reply_t>(
+        making->image(), making,
+        [making, owner = std::move(owner), handler = std::move(handler)](const auto* reply) {
+            const ScreenPicture picture = making->finish(reply);
+            if (!owner.expired())
+                handler(picture);
+        });
+    connection_->flush();
 }
 
 } // namespace tessel

@@ -41,29 +41,23 @@ std::uint32_t premultiplied(std::uint32_t color)
 } // namespace
 
 TrayIcon::TrayIcon(std::shared_ptr<X11Connection> connection, const Tray& tray,
+                   const xcb_render_query_pict_formats_reply_t& formats,
                    const StatusItemDescription& description, xcb_timestamp_t time, Handlers handlers)
     : connection_(std::move(connection))
     , tray_(tray)
     , drawIcon_(description.drawIcon)
     , handlers_(std::move(handlers))
-    , screenPictures_(connection_)
+    , screenPictures_(connection_, formats)
+    , colorFormat_(formatOfColors(formats))
     , width_(usualExtent)
     , height_(usualExtent)
     , scheme_(tray.scheme)
 {
-    if (!connection_->extensions().render || !hasOurByteOrder(connection_->raw()))
-        return;
-    const auto formats = connection_->wait(xcb_render_query_pict_formats_reply,
-                                           xcb_render_query_pict_formats(connection_->raw()));
-    if (!formats)
-        return;
-    screenPictures_.learnFormats();
-    colorFormat_ = formatOfColors(*formats);
     xcb_visualid_t visual = tray.visual;
-    windowFormat_ = formatOfVisual(*formats, visual);
+    windowFormat_ = formatOfVisual(formats, visual);
     if (windowFormat_.id == XCB_NONE) {
         visual = connection_->rootVisual();
-        windowFormat_ = formatOfVisual(*formats, visual);
+        windowFormat_ = formatOfVisual(formats, visual);
     }
     lookAgain_.setSingleShot(true);
     lookAgain_.setInterval(compositorPatience);
@@ -77,9 +71,10 @@ TrayIcon::TrayIcon(std::shared_ptr<X11Connection> connection, const Tray& tray,
 TrayIcon::~TrayIcon()
 {
     selection_.reset();
-    if (window_ == noWindow || !connection_->isAlive())
+    if (!connection_->isAlive())
         return;
-    xcb_destroy_window(connection_->raw(), window_);
+    if (window_ != noWindow)
+        xcb_destroy_window(connection_->raw(), window_);
     xcb_free_colormap(connection_->raw(), colormap_);
     connection_->flush();
 }
@@ -169,15 +164,12 @@ void TrayIcon::follow(const xcb_generic_event_t& event)
         return;
     case XCB_EXPOSE:
         if (const auto& shown = eventAs<xcb_expose_event_t>(event);
-            shown.window == window_ && shown.count == 0) {
-            paint();
-            lookAround();
-            lookAgain_.start();
-        }
+            shown.window == window_ && shown.count == 0)
+            refresh();
         return;
     case XCB_ENTER_NOTIFY: // The panel may have another look since.
         if (eventAs<xcb_enter_notify_event_t>(event).event == window_)
-            lookAround();
+            refresh();
         return;
     case XCB_BUTTON_PRESS:
         if (const auto& press = eventAs<xcb_button_press_event_t>(event);
@@ -195,22 +187,31 @@ void TrayIcon::setEmbedded(bool isEmbedded)
         handlers_.embeddingDidChange();
 }
 
+void TrayIcon::refresh()
+{
+    // What the icon shows of the panel is as old as its last drawing, and would be all that there is to see.
+    paint();
+    lookAround();
+    lookAgain_.start();
+}
+
 void TrayIcon::lookAround()
 {
     if (tray_.scheme || window_ == noWindow)
         return;
     const auto place = xcb_translate_coordinates(connection_->raw(), window_, connection_->root(), 0, 0);
     connection_->whenReplied<xcb_translate_coordinates_reply_t>(place, lifetime_, [this](const auto* reply) {
-        if (reply != nullptr)
-            adoptScheme(reply->dst_x, reply->dst_y);
+        if (reply == nullptr)
+            return;
+        screenPictures_.takeLater({reply->dst_x, reply->dst_y, width_, height_}, lifetime_,
+                                  [this](const ScreenPicture& picture) { adoptScheme(picture); });
     });
     connection_->flush();
 }
 
-void TrayIcon::adoptScheme(int x, int y)
+void TrayIcon::adoptScheme(const ScreenPicture& picture)
 {
-    const ScreenPictureRequest request = {{0, 0, width_, height_}, 1};
-    const auto scheme = schemeAround(screenPictures_.take({x, y}, {&request, 1}).front());
+    const auto scheme = schemeAround(picture);
     if (!scheme || scheme == scheme_)
         return;
     scheme_ = scheme;

@@ -33,9 +33,11 @@ public:
         std::function<void(const xcb_button_press_event_t&)> clicked;
     };
 
-    /// Asks the tray to take the icon. `time` is that of the user's last action.
+    /// Asks the tray to take the icon. The server has RENDER, and these formats of pictures. `time` is that
+    /// of the user's last action.
     TrayIcon(std::shared_ptr<X11Connection> connection, const Tray& tray,
-             const StatusItemDescription& description, xcb_timestamp_t time, Handlers handlers);
+             const xcb_render_query_pict_formats_reply_t& formats, const StatusItemDescription& description,
+             xcb_timestamp_t time, Handlers handlers);
     ~TrayIcon();
     TrayIcon(const TrayIcon&) = delete;
     TrayIcon& operator=(const TrayIcon&) = delete;
@@ -49,8 +51,10 @@ private:
     void askToDock(xcb_timestamp_t time);
     void follow(const xcb_generic_event_t& event);
     void setEmbedded(bool isEmbedded);
+    /// Draws the icon on what the panel looks like now, and looks whether it is to be bright or dark there.
+    void refresh();
     void lookAround();
-    void adoptScheme(int x, int y);
+    void adoptScheme(const ScreenPicture& picture);
     void paint();
     void composite(const StatusIcon& icon);
     xcb_pixmap_t upload(const StatusIcon& icon);

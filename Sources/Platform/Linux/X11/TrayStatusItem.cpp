@@ -1,6 +1,5 @@
 #include "X11/TrayStatusItem.h"
 
-#include <cstdlib>
 #include <utility>
 
 #include "X11/PropertyValue.h"
@@ -19,7 +18,8 @@ TrayStatusItem::~TrayStatusItem() = default;
 void TrayStatusItem::show(StatusItemDescription description)
 {
     description_ = std::move(description);
-    if (!connection_->isAlive())
+    // The icon is drawn with RENDER.
+    if (!connection_->isAlive() || !connection_->extensions().render || !hasOurByteOrder(connection_->raw()))
         return;
     events_ = connection_->observeEvents([this](const xcb_generic_event_t& event) { follow(event); });
     lookForTray();
@@ -86,15 +86,19 @@ void TrayStatusItem::consider(xcb_window_t window)
         if (reply == nullptr)
             return leaveTray();
         tray->scheme = schemeOfTrayColors(unitsOf(reply));
-        dock(*tray);
     });
+    connection_->whenReplied<xcb_render_query_pict_formats_reply_t>(
+        xcb_render_query_pict_formats(connection_->raw()), lifetime_, [this, tray](const auto* reply) {
+            if (reply != nullptr && tray_ == tray->window)
+                dock(*tray, *reply);
+        });
     connection_->flush();
 }
 
-void TrayStatusItem::dock(const Tray& tray)
+void TrayStatusItem::dock(const Tray& tray, const xcb_render_query_pict_formats_reply_t& formats)
 {
     icon_ = std::make_unique<TrayIcon>(
-        connection_, tray, description_, userTime_->last(),
+        connection_, tray, formats, description_, userTime_->last(),
         TrayIcon::Handlers{
             .embeddingDidChange = [this] { observers_.tell(); },
             .clicked = [this](const xcb_button_press_event_t& press) { openMenu(press); },
@@ -114,11 +118,16 @@ void TrayStatusItem::leaveTray()
 void TrayStatusItem::openMenu(const xcb_button_press_event_t& press)
 {
     userTime_->note(press.time);
-    // The press has given us the pointer, and the menu takes it on the toolkit's connection.
-    std::free(
-        xcb_request_check(connection_->raw(), xcb_ungrab_pointer_checked(connection_->raw(), press.time)));
-    if (description_.openMenu)
-        description_.openMenu(X11Screens::pointOfPixel(press.root_x, press.root_y));
+    // The press has given us the pointer, and the menu takes it on the toolkit's connection, which it can
+    // do once the server has it back: when whatever was asked after it is answered.
+    xcb_ungrab_pointer(connection_->raw(), press.time);
+    connection_->whenReplied<xcb_get_input_focus_reply_t>(
+        xcb_get_input_focus(connection_->raw()), lifetime_,
+        [this, place = X11Screens::pointOfPixel(press.root_x, press.root_y)](const auto* reply) {
+            if (reply != nullptr && description_.openMenu)
+                description_.openMenu(place);
+        });
+    connection_->flush();
 }
 
 } // namespace tessel

@@ -33,7 +33,7 @@ private:
     void follow(const xcb_generic_event_t& event);
     void lookForTray();
     void consider(xcb_window_t window);
-    void dock(const Tray& tray);
+    void dock(const Tray& tray, const xcb_render_query_pict_formats_reply_t& formats);
     void leaveTray();
     void openMenu(const xcb_button_press_event_t& press);
 

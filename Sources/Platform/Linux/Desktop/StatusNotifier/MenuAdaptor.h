@@ -37,6 +37,8 @@ public slots: // The names are the interface's own.
                        const QDBusMessage& message, tessel::MenuLayout& layout);
     /// Of these entries, as far as there are such; without numbers all entries are meant.
     tessel::MenuPropertiesList GetGroupProperties(const QList<int>& ids, const QStringList& propertyNames);
+    /// One property of the root or an entry; an error where there is no such entry, and for a property that
+    /// is at its default, which none of these functions names.
     QDBusVariant GetProperty(int id, const QString& name, const QDBusMessage& message);
     /// Of all events `clicked` alone does something, once the call was answered.
     void Event(int id, const QString& eventId, const QDBusVariant& data, unsigned timestamp,
@@ -45,6 +47,8 @@ public slots: // The names are the interface's own.
     QList<int> EventGroup(const tessel::MenuEvents& events, const QDBusMessage& message);
     /// Whether the menu has to be read again: never, all changes have been announced.
     bool AboutToShow(int id, const QDBusMessage& message);
+    /// The same of several, hence none has to be read again. `idErrors` takes the numbers that no entry has;
+    /// an error if none has any.
     QList<int> AboutToShowGroup(const QList<int>& ids, const QDBusMessage& message, QList<int>& idErrors);
 
 signals:

@@ -26,7 +26,10 @@ void StatusNotifierItemAdaptor::ContextMenu(int x, int y)
     Activate(x, y);
 }
 
-void StatusNotifierItemAdaptor::SecondaryActivate(int /*x*/, int /*y*/) {}
+void StatusNotifierItemAdaptor::SecondaryActivate(int x, int y)
+{
+    Activate(x, y);
+}
 
 void StatusNotifierItemAdaptor::Scroll(int /*delta*/, const QString& /*orientation*/) {}
 

@@ -48,9 +48,9 @@ public:
     StatusNotifierItemAdaptor(QObject* parent, Contents contents);
 
 public slots: // The names are the interface's own.
+    /// The item has one action, whatever the button: its menu, as in a system tray.
     void Activate(int x, int y);
     void ContextMenu(int x, int y);
-    /// The item has no second action.
     void SecondaryActivate(int x, int y);
     /// Nothing of the item can be scrolled.
     void Scroll(int delta, const QString& orientation);

@@ -20,6 +20,7 @@ struct StatusPixmap {
 /// The same picture in several sizes. D-Bus type `a(iiay)`.
 using StatusPixmaps = QList<StatusPixmap>;
 
+/// Empty, without width and height, where the icon is, or where it has not as many pixels as its size says.
 StatusPixmap statusPixmap(const StatusIcon& icon);
 
 /// What is to be seen of an item while the pointer rests on it: a name of an icon, pictures, a title and a
