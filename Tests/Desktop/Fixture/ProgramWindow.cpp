@@ -2,7 +2,11 @@
 
 #include <algorithm>
 #include <cmath>
+#include <cstdint>
+#include <cstring>
+#include <set>
 #include <utility>
+#include <vector>
 
 namespace tessel::desktop {
 
@@ -69,15 +73,23 @@ WindowFacts ProgramWindow::moveTo(Place place)
 
 void ProgramWindow::waitForIcon(Deadline deadline)
 {
-    constexpr std::size_t smallPicture = 16 * 16 * sizeof(std::uint32_t);
+    // Window managers give one of one size to windows that have none.
+    const auto sidesOf = [](const std::string& icon) {
+        std::vector<std::uint32_t> units(icon.size() / sizeof(std::uint32_t));
+        std::memcpy(units.data(), icon.data(), units.size() * sizeof(std::uint32_t));
+        std::set<std::uint32_t> sides;
+        for (std::size_t place = 0; place + 1 < units.size();
+             place += 2 + std::size_t{units[place]} * units[place + 1])
+            sides.insert(units[place]);
+        return sides;
+    };
     desktop_.connection().waitUntil(
         "the icon of the window \"" + title_ + "\"",
         [&] {
             const auto window = find();
             const auto icon =
                 window ? desktop_.connection().propertyBytes(window->window, "_NET_WM_ICON") : std::nullopt;
-            return icon && icon->size() > 2 * smallPicture &&
-                   std::ranges::any_of(*icon, [](char byte) { return byte == '\xFF'; });
+            return icon && sidesOf(*icon) == std::set<std::uint32_t>{16, 32, 48, 64};
         },
         deadline);
 }

@@ -23,7 +23,8 @@ public:
     WindowFacts waitForFrame(const Frame& frame, Deadline deadline = Deadline());
     /// Puts its top left corner there, as a user with a window manager does, and waits until it is there.
     WindowFacts moveTo(Place place);
-    /// Waits until it is on the screen and has an icon of several sizes for task bars (EWMH `_NET_WM_ICON`).
+    /// Waits until it is on the screen and has the application's icon, in all its sizes, for task bars (EWMH
+    /// `_NET_WM_ICON`).
     void waitForIcon(Deadline deadline = Deadline());
     void waitUntilClosed(Deadline deadline = Deadline());
     /// Asks it to close, as the button of a window manager does (ICCCM section 4.2.8.1, `WM_DELETE_WINDOW`).
