@@ -4,6 +4,7 @@
 #include <QtCore/QObject>
 #include <QtDBus/QDBusConnection>
 #include <QtDBus/QDBusConnectionInterface>
+#include <QtDBus/QDBusError>
 #include <QtDBus/QDBusMessage>
 
 #include <chrono>
@@ -104,7 +105,8 @@ Delivery SessionBusControl::send(const RemoteRequest& request)
     const QDBusMessage answer = connection.bus().call(callFor(request, owner), QDBus::Block, answerTimeout);
     if (answer.type() == QDBusMessage::ReplyMessage)
         return Delivery::delivered;
-    if (answer.errorName() == ApplicationAdaptor::isEndingError)
+    // It says that it is ending, or its object is gone already, perhaps a moment before its name.
+    if (QDBusError(answer).type() != QDBusError::NoReply)
         waitUntilOwnerChanges(connection.bus(), owner);
     // Without an answer it has ended meanwhile, or it is hung.
     return ownerOfTheName(connection.bus()) == owner ? Delivery::noAnswer : Delivery::nobodyListens;
