@@ -1,11 +1,11 @@
 // The composition root: the only place that knows which backend and which views are used.
 
+#include <QtCore/QEventLoop>
 #include <QtCore/QLocale>
 #include <QtWidgets/QApplication>
 
 #include <cstdio>
 #include <cstdlib>
-#include <functional>
 #include <memory>
 #include <optional>
 #include <string_view>
@@ -54,8 +54,10 @@ public:
         trayNotice_.emplace(trayNoticeNeeds());
     }
 
-    void obey(const RemoteRequest& request)
+    Obedience obey(const RemoteRequest& request)
     {
+        if (backend_.isEnding())
+            return request.command == RemoteCommand::quit ? Obedience::obeyed : Obedience::isEnding;
         backend_.noteStartupID(request.startupID);
         switch (request.command) {
         case RemoteCommand::openHistory:
@@ -80,7 +82,10 @@ public:
             appState_->terminate();
             break;
         }
+        return Obedience::obeyed;
     }
+
+    LastDuty lastDuty() const { return backend_.lastDuty(); }
 
 private:
     std::unique_ptr<UpdaterController> makeUpdater()
@@ -150,7 +155,7 @@ std::optional<int> passOn(RemoteControl& remote, const RemoteRequest& request)
 
 /// Claims to be the one running program, or passes the request on to it. None: this process is the one.
 std::optional<int> claimOrPassOn(RemoteControl& remote, const RemoteRequest& request,
-                                 const std::function<void(const RemoteRequest&)>& handler)
+                                 const RemoteControl::Handler& handler)
 {
     // The other one may end between the claim and the request. A third time is no coincidence.
     constexpr int attempts = 3;
@@ -166,10 +171,22 @@ std::optional<int> claimOrPassOn(RemoteControl& remote, const RemoteRequest& req
     return complain("cannot be started: it runs already, and cannot be reached.");
 }
 
+/// The clipboard's value is handed on when nothing of the program is in the way of another start any more:
+/// neither its windows and grabs, nor its name. The main loop has ended; this one is no nested one.
+void end(std::optional<TesselClipboardApp>& app, std::unique_ptr<RemoteControl>& remote)
+{
+    const LastDuty lastDuty = app->lastDuty();
+    app.reset();
+    remote.reset();
+    QEventLoop loop;
+    lastDuty([&loop] { loop.quit(); });
+    loop.exec();
+}
+
 int run(int& argumentCount, char** arguments, const CommandLine& line)
 {
     keepMemoryToOurselves();
-    const std::unique_ptr<RemoteControl> remote = makeRemoteControl();
+    std::unique_ptr<RemoteControl> remote = makeRemoteControl();
     const RemoteRequest request = {line.command.value_or(RemoteCommand::openHistory), takeStartupID()};
     if (line.command) {
         // Reaching the running program needs no display, and is quicker without one.
@@ -190,8 +207,7 @@ int run(int& argumentCount, char** arguments, const CommandLine& line)
 
     std::optional<TesselClipboardApp> app;
     const auto obey = [&app](const RemoteRequest& received) {
-        if (app)
-            app->obey(received);
+        return app ? app->obey(received) : Obedience::isEnding;
     };
     if (const auto status = claimOrPassOn(*remote, request, obey))
         return *status;
@@ -199,7 +215,9 @@ int run(int& argumentCount, char** arguments, const CommandLine& line)
     app.emplace(request.startupID);
     if (line.command)
         app->obey(request);
-    return QApplication::exec();
+    const int status = QApplication::exec();
+    end(app, remote);
+    return status;
 }
 
 int start(int argumentCount, char** arguments)

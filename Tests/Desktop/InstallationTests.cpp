@@ -5,6 +5,7 @@
 #include <sstream>
 
 #include "BusClient.h"
+#include "FileContent.h"
 #include "SecondaryWindowTest.h"
 
 namespace tessel::desktop {
@@ -12,13 +13,6 @@ namespace tessel::desktop {
 namespace {
 
 using testing::HasSubstr;
-
-std::string contentsOf(const std::filesystem::path& file)
-{
-    std::ostringstream text;
-    text << std::ifstream(file).rdbuf();
-    return text.str();
-}
 
 /// The value of a key that occurs first in an entry of a desktop or of a service.
 std::string valueOf(const std::string& entry, const std::string& key)
@@ -102,16 +96,39 @@ TEST_F(InstallationTest, TheEntryIsValidAndNamesWhatIsThere)
     const auto validation = runCommand({"desktop-file-validate", entry().string()}, desktop_.environment());
     EXPECT_TRUE(validation.status.succeeded());
     EXPECT_EQ(validation.output, "");
-    const std::string text = contentsOf(entry());
+    const std::string text = contentOf(entry());
     EXPECT_TRUE(std::filesystem::exists(prefix_ / "bin" / valueOf(text, "Exec")));
     EXPECT_TRUE(std::filesystem::exists(prefix_ / "share/icons/hicolor/scalable/apps" /
                                         (valueOf(text, "Icon") + ".svg")));
     EXPECT_TRUE(
         std::filesystem::exists(prefix_ / "share/metainfo/org.tesselclipboard.TesselClipboard.metainfo.xml"));
     const std::string service =
-        contentsOf(prefix_ / "share/dbus-1/services/org.tesselclipboard.TesselClipboard.service");
+        contentOf(prefix_ / "share/dbus-1/services/org.tesselclipboard.TesselClipboard.service");
     EXPECT_EQ(valueOf(service, "Exec"), program().string());
     EXPECT_EQ(valueOf(service, "Name"), Program::busAddress().name);
+    act("about"); // Something to end.
+}
+
+TEST_F(InstallationTest, TheProgramFindsWhatLoadsItsUpdates)
+{
+    const auto download = prefix_ / "libexec/tessel-clipboard/tessel-clipboard-download";
+    EXPECT_FALSE(runCommand({download.string()}, desktop_.environment()).errorOutput.empty());
+    // One in its place that says for what it is called.
+    const auto called = desktop_.directory().path() / "called";
+    std::filesystem::remove(download);
+    std::ofstream(download) << "#!/bin/sh\necho \"$1\" >> " << called.string() << "\n";
+    std::filesystem::permissions(download, std::filesystem::perms::owner_all);
+    const std::string key(43, 'A');
+    desktop_.directory().write("xdg/tessel-clipboard/updates.json",
+                               R"({"feed": "https://feed.example/", "publicKey": ")" + key + "=\"}");
+    Environment environment = desktop_.environment();
+    environment["XDG_CONFIG_DIRS"] = (desktop_.directory().path() / "xdg").string();
+    ChildProcess running({program().string(), "--check-for-updates"}, environment);
+    desktop_.connection().waitUntil("the download to be started", [&] {
+        return contentOf(called).find("https://feed.example/\n") != std::string::npos;
+    });
+    EXPECT_TRUE(quit().status.succeeded());
+    EXPECT_TRUE(running.waitForExit().succeeded());
     act("about"); // Something to end.
 }
 
@@ -150,11 +167,11 @@ TEST_F(InstallationTest, AnActionOfTheEntryStartsTheProgramToo)
 TEST_F(InstallationTest, TheCommandOfEachActionIsUnderstood)
 {
     act("about");
-    std::string actions = valueOf(contentsOf(entry()), "Actions");
+    std::string actions = valueOf(contentOf(entry()), "Actions");
     std::istringstream list(actions);
     int count = 0;
     for (std::string action; std::getline(list, action, ';'); ++count) {
-        const std::string text = contentsOf(entry());
+        const std::string text = contentOf(entry());
         const auto group = text.find("[Desktop Action " + action + "]");
         ASSERT_NE(group, std::string::npos) << action;
         std::istringstream command(valueOf(text.substr(group), "Exec"));

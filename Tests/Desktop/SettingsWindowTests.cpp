@@ -4,10 +4,9 @@
 #include <algorithm>
 #include <array>
 #include <filesystem>
-#include <fstream>
-#include <sstream>
 
 #include "AccessibilityBus.h"
+#include "FileContent.h"
 #include "ScreenReader.h"
 #include "SecondaryWindowTest.h"
 #include "StatusNotifierHost.h"
@@ -83,12 +82,6 @@ protected:
             return found != tree.end() && focused.path != path;
         });
         return focused;
-    }
-    static std::string contentOf(const std::filesystem::path& file)
-    {
-        std::ostringstream text;
-        text << std::ifstream(file).rdbuf();
-        return text.str();
     }
     std::string settingsFile() const
     {

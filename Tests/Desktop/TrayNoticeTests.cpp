@@ -1,8 +1,6 @@
 // What the program says once on a desktop without a tray.
 
-#include <fstream>
-#include <sstream>
-
+#include "FileContent.h"
 #include "SecondaryWindowTest.h"
 #include "SystemTray.h"
 
@@ -36,9 +34,7 @@ TEST_F(TrayNoticeTest, ItComesWithoutTakingTheFocusAndNeverAgain)
     desktop_.keyboard().type("still here");
     editor.waitForText("still here");
     endProgram();
-    std::ostringstream remembered;
-    remembered << std::ifstream(stateDirectory() / "state.json").rdbuf();
-    EXPECT_THAT(remembered.str(), testing::HasSubstr("trayNoticeShown"));
+    EXPECT_THAT(contentOf(stateDirectory() / "state.json"), testing::HasSubstr("trayNoticeShown"));
 }
 
 TEST_F(TrayNoticeTest, ItGoesWhenATrayComesAfterAll)

@@ -1,10 +1,9 @@
 // Looking for updates in the running program: with real processes, a real server and a real feed.
 
 #include <filesystem>
-#include <fstream>
-#include <sstream>
 
 #include "AccessibilityBus.h"
+#include "FileContent.h"
 #include "ScreenReader.h"
 #include "SecondaryWindowTest.h"
 
@@ -13,13 +12,6 @@ namespace tessel::desktop {
 namespace {
 
 using testing::HasSubstr;
-
-std::string contentOf(const std::filesystem::path& file)
-{
-    std::ostringstream content;
-    content << std::ifstream(file).rdbuf();
-    return content.str();
-}
 
 /// Where a test has the server's files, and a stand-in for the program that opens addresses; before the
 /// desktop is there.

@@ -56,8 +56,6 @@ struct Backend::Parts {
                   [pasteboard = pasteboard](std::function<void()> done) {
                       pasteboard->whenAvailable(std::move(done));
                   },
-              .beforeEnd = [pasteboard = pasteboard](
-                               std::function<void()> done) { pasteboard->handOn(std::move(done)); },
           }))
         , platform({
               .pasteboard = pasteboard,
@@ -135,6 +133,18 @@ void Backend::noteStartupID(std::string_view startupID)
 {
     parts_->x11.userTime->noteStartupIdentifier(startupID);
     completeStartup(*parts_->x11.connection, startupID);
+}
+
+bool Backend::isEnding() const
+{
+    return parts_->x11.application->isEnding();
+}
+
+LastDuty Backend::lastDuty() const
+{
+    return [pasteboard = parts_->pasteboard](std::function<void()> done) {
+        pasteboard->handOn(std::move(done));
+    };
 }
 
 std::unique_ptr<RemoteControl> makeRemoteControl()

@@ -16,6 +16,10 @@ namespace tessel {
 
 class WindowHost;
 
+/// What is left to do when nothing else of the program is there any more. Runs its argument when it is done,
+/// on a turn of the main loop, and needs nothing else of the backend.
+using LastDuty = std::function<void(std::function<void()>)>;
+
 /// The whole Linux backend, as the composition root uses it. Needs a `QApplication` that exists before and
 /// after it.
 class Backend {
@@ -48,6 +52,11 @@ public:
     /// Takes note of the user's action that led to a request from outside, and tells the desktop that it was
     /// heard; see `RemoteRequest::startupID`.
     void noteStartupID(std::string_view startupID);
+
+    /// Whether the program has been asked to end, by whomever: it obeys nobody any more.
+    bool isEnding() const;
+    /// Hands the clipboard's value on, where it is ours and somebody takes it.
+    LastDuty lastDuty() const;
 
 private:
     struct Parts;

@@ -38,18 +38,27 @@ enum class Claim {
     noChannel,      ///< Nobody can tell: there is no session bus.
 };
 
+/// Whether the running program does what it is asked.
+enum class Obedience {
+    obeyed,
+    isEnding, ///< It has begun to end, and does nothing any more.
+};
+
 /// The one running program of a session, and how another process reaches it.
 class RemoteControl {
 public:
+    using Handler = std::function<Obedience(const RemoteRequest&)>;
+
+    /// Gives up what was claimed.
     virtual ~RemoteControl() = default;
 
-    /// Sends a request to the running program and waits for the answer, a few seconds at most. For a process
-    /// that does nothing else.
+    /// Sends a request to the running program and waits for the answer, a few seconds at most. One that is
+    /// ending is waited for as long, until nobody listens. For a process that does nothing else.
     virtual Delivery send(const RemoteRequest& request) = 0;
 
     /// Claims to be the one running program. Once granted, `handler` runs on the main thread for each
     /// request, for the life of this object.
-    virtual Claim claim(std::function<void(const RemoteRequest&)> handler) = 0;
+    virtual Claim claim(Handler handler) = 0;
 };
 
 } // namespace tessel

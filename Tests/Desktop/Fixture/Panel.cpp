@@ -83,6 +83,12 @@ void Panel::waitUntilItDiffersFrom(const Picture& before, Deadline deadline)
         "the panel to show something else", [&] { return isOpen() && picture() != before; }, deadline);
 }
 
+void Panel::waitUntilItIs(const Picture& expected, Deadline deadline)
+{
+    desktop_.connection().waitUntil(
+        "the panel to look as it did", [&] { return isOpen() && picture() == expected; }, deadline);
+}
+
 Picture Panel::picture() const
 {
     const auto panel = find();

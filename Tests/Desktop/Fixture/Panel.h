@@ -26,6 +26,7 @@ public:
     WindowFacts waitForFrame(const Frame& frame, Deadline deadline = Deadline());
     /// Waits until it shows something else than `before`.
     void waitUntilItDiffersFrom(const Picture& before, Deadline deadline = Deadline());
+    void waitUntilItIs(const Picture& expected, Deadline deadline = Deadline());
     /// What is to be seen where it is; it must be open and inside the screen.
     Picture picture() const;
 

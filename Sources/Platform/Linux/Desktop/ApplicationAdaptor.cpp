@@ -1,5 +1,7 @@
 #include "Desktop/ApplicationAdaptor.h"
 
+#include <QtDBus/QDBusConnection>
+
 #include <utility>
 
 #include "Desktop/RemoteAction.h"
@@ -25,21 +27,31 @@ ApplicationAdaptor::ApplicationAdaptor(QObject* parent, Handler handler)
     , handler_(std::move(handler))
 {}
 
-void ApplicationAdaptor::Activate(const QVariantMap& platform_data)
+void ApplicationAdaptor::Activate(const QVariantMap& platform_data, const QDBusMessage& call)
 {
-    handler_({RemoteCommand::openHistory, startupID(platform_data)});
+    pass({RemoteCommand::openHistory, startupID(platform_data)}, call);
 }
 
-void ApplicationAdaptor::Open(const QStringList& /*uris*/, const QVariantMap& platform_data)
+void ApplicationAdaptor::Open(const QStringList& /*uris*/, const QVariantMap& platform_data,
+                              const QDBusMessage& call)
 {
-    Activate(platform_data);
+    Activate(platform_data, call);
 }
 
 void ApplicationAdaptor::ActivateAction(const QString& action_name, const QVariantList& /*parameter*/,
-                                        const QVariantMap& platform_data)
+                                        const QVariantMap& platform_data, const QDBusMessage& call)
 {
     if (const auto command = commandForAction(action_name.toStdString()))
-        handler_({*command, startupID(platform_data)});
+        pass({*command, startupID(platform_data)}, call);
+}
+
+void ApplicationAdaptor::pass(const RemoteRequest& request, const QDBusMessage& call)
+{
+    if (handler_(request) == Obedience::obeyed)
+        return;
+    call.setDelayedReply(true); // Ours is the answer.
+    QDBusConnection::sessionBus().send(
+        call.createErrorReply(isEndingError, QStringLiteral("Tessel Clipboard is ending.")));
 }
 
 } // namespace tessel

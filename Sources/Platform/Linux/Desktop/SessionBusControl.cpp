@@ -1,10 +1,14 @@
 #include "Desktop/SessionBusControl.h"
 
+#include <QtCore/QDeadlineTimer>
 #include <QtCore/QObject>
 #include <QtDBus/QDBusConnection>
 #include <QtDBus/QDBusConnectionInterface>
+#include <QtDBus/QDBusError>
 #include <QtDBus/QDBusMessage>
 
+#include <chrono>
+#include <thread>
 #include <utility>
 
 #include "Desktop/ApplicationAdaptor.h"
@@ -60,13 +64,34 @@ QDBusMessage callFor(const RemoteRequest& request, const QString& receiver)
     return call;
 }
 
+/// For as long as an answer is waited for, at most.
+void waitUntilOwnerChanges(const QDBusConnection& bus, const QString& owner)
+{
+    constexpr auto interval = std::chrono::milliseconds(10);
+    const QDeadlineTimer end(answerTimeout);
+    while (!end.hasExpired() && ownerOfTheName(bus) == owner)
+        std::this_thread::sleep_for(interval);
+}
+
 } // namespace
 
 /// The exported object. Its adaptor takes the calls.
 class SessionBusControl::Object : public QObject {};
 
 SessionBusControl::SessionBusControl() = default;
-SessionBusControl::~SessionBusControl() = default;
+
+SessionBusControl::~SessionBusControl()
+{
+    if (!object_)
+        return;
+    // The name goes before the object: whoever finds no object finds that nobody has the name. Nobody waits
+    // for the bus's answer.
+    QDBusMessage release =
+        QDBusMessage::createMethodCall(QStringLiteral("org.freedesktop.DBus"), QStringLiteral("/"),
+                                       QStringLiteral("org.freedesktop.DBus"), QStringLiteral("ReleaseName"));
+    release << QString(serviceName);
+    QDBusConnection::sessionBus().send(release);
+}
 
 Delivery SessionBusControl::send(const RemoteRequest& request)
 {
@@ -80,11 +105,14 @@ Delivery SessionBusControl::send(const RemoteRequest& request)
     const QDBusMessage answer = connection.bus().call(callFor(request, owner), QDBus::Block, answerTimeout);
     if (answer.type() == QDBusMessage::ReplyMessage)
         return Delivery::delivered;
+    // It says that it is ending, or its object is gone already, perhaps a moment before its name.
+    if (QDBusError(answer).type() != QDBusError::NoReply)
+        waitUntilOwnerChanges(connection.bus(), owner);
     // Without an answer it has ended meanwhile, or it is hung.
     return ownerOfTheName(connection.bus()) == owner ? Delivery::noAnswer : Delivery::nobodyListens;
 }
 
-Claim SessionBusControl::claim(std::function<void(const RemoteRequest&)> handler)
+Claim SessionBusControl::claim(Handler handler)
 {
     QDBusConnection bus = QDBusConnection::sessionBus();
     if (!bus.isConnected())

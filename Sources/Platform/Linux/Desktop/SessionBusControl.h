@@ -14,7 +14,7 @@ public:
     ~SessionBusControl() override;
 
     Delivery send(const RemoteRequest& request) override;
-    Claim claim(std::function<void(const RemoteRequest&)> handler) override;
+    Claim claim(Handler handler) override;
 
 private:
     class Object;

@@ -23,12 +23,11 @@ void endLoop()
 X11Application::X11Application(std::shared_ptr<X11Connection> connection,
                                std::shared_ptr<WindowManager> windowManager,
                                std::shared_ptr<ToolkitWindows> toolkitWindows,
-                               std::shared_ptr<X11NativeWindows> nativeWindows, BeforeEnd beforeEnd)
+                               std::shared_ptr<X11NativeWindows> nativeWindows)
     : connection_(std::move(connection))
     , windowManager_(std::move(windowManager))
     , toolkitWindows_(std::move(toolkitWindows))
     , nativeWindows_(std::move(nativeWindows))
-    , beforeEnd_(std::move(beforeEnd))
     , isActive_(hasActiveWindow())
 {
     activeWindow_ = windowManager_->observeActiveWindow([this] { update(); });
@@ -47,11 +46,7 @@ void X11Application::activate(IgnoringOtherApps)
 
 void X11Application::terminate()
 {
-    if (std::exchange(isEnding_, true))
-        return;
-    if (beforeEnd_)
-        beforeEnd_(endLoop);
-    else
+    if (!std::exchange(isEnding_, true))
         endLoop();
 }
 

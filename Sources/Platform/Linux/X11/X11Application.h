@@ -16,19 +16,16 @@ namespace tessel {
 /// takes the grab of a hot key for a loss of the focus.
 class X11Application : public Application {
 public:
-    /// Does what is to be done before the application ends, and runs its argument afterwards, on a later turn
-    /// of the loop.
-    using BeforeEnd = std::function<void(std::function<void()>)>;
-
     X11Application(std::shared_ptr<X11Connection> connection, std::shared_ptr<WindowManager> windowManager,
                    std::shared_ptr<ToolkitWindows> toolkitWindows,
-                   std::shared_ptr<X11NativeWindows> nativeWindows, BeforeEnd beforeEnd = {});
+                   std::shared_ptr<X11NativeWindows> nativeWindows);
 
     /// Asks for the focus for the window that was shown most recently. Without a window there is nothing to
     /// do: no window of ours could have the focus.
     void activate(IgnoringOtherApps ignoring) override;
-    /// The end waits for what is to be done before it. Further calls meanwhile change nothing.
     void terminate() override;
+    /// From the first `terminate` on.
+    bool isEnding() const { return isEnding_; }
     /// True while the active window, or the window with the focus, is ours.
     bool isActive() const override { return isActive_; }
     Token observeActivity(std::function<void()> didChange) override;
@@ -45,7 +42,6 @@ private:
     std::shared_ptr<WindowManager> windowManager_;
     std::shared_ptr<ToolkitWindows> toolkitWindows_;
     std::shared_ptr<X11NativeWindows> nativeWindows_;
-    BeforeEnd beforeEnd_;
     bool isEnding_ = false;
     bool isActive_ = false;
     ObserverList<> observers_;

@@ -30,9 +30,8 @@ X11Room makeX11Room(X11RoomNeeds needs)
     room.screens = std::make_shared<X11Screens>(room.connection, room.windowManager);
     room.nativeWindows = std::make_shared<X11NativeWindows>(room.connection, room.windowManager,
                                                             room.toolkitWindows, room.userTime);
-    room.application =
-        std::make_shared<X11Application>(room.connection, room.windowManager, room.toolkitWindows,
-                                         room.nativeWindows, std::move(needs.beforeEnd));
+    room.application = std::make_shared<X11Application>(room.connection, room.windowManager,
+                                                        room.toolkitWindows, room.nativeWindows);
     return room;
 }
 

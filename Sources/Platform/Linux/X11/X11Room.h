@@ -45,8 +45,6 @@ struct X11RoomNeeds {
     std::function<bool()> offerPrimary;
     /// Runs its argument, on a later turn of the loop, once others get what is being pasted.
     std::function<void(std::function<void()>)> whenAvailable = {};
-    /// Hands the clipboard on before the application ends, and runs its argument on a later turn of the loop.
-    std::function<void(std::function<void()>)> beforeEnd = {};
 };
 
 /// Connects to the display that `DISPLAY` names. Without one everything in the room stays inert.
