@@ -6,6 +6,7 @@
 #include <string_view>
 
 #include "Appearance.h"
+#include "LastDuty.h"
 #include "NativeWindows.h"
 #include "Platform.h"
 #include "RemoteControl.h"
@@ -15,10 +16,6 @@
 namespace tessel {
 
 class WindowHost;
-
-/// What is left to do when nothing else of the program is there any more. Runs its argument when it is done,
-/// on a turn of the main loop, and needs nothing else of the backend.
-using LastDuty = std::function<void(std::function<void()>)>;
 
 /// The whole Linux backend, as the composition root uses it. Needs a `QApplication` that exists before and
 /// after it.

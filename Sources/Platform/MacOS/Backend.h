@@ -6,6 +6,7 @@
 #include <string_view>
 
 #include "Appearance.h"
+#include "LastDuty.h"
 #include "NativeWindows.h"
 #include "Platform.h"
 #include "RemoteControl.h"
@@ -44,6 +45,11 @@ public:
 
     /// Does nothing: the system knows of the user's actions by itself.
     void noteStartupID(std::string_view startupID);
+
+    /// Never: nobody can ask the program for anything while it ends.
+    bool isEnding() const { return false; }
+    /// Nothing is left to do: the system keeps the pasteboard's value.
+    LastDuty lastDuty() const;
 
 private:
     struct Parts;

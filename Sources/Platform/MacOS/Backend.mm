@@ -76,6 +76,12 @@ DefaultsStore& Backend::rememberedState()
 
 void Backend::noteStartupID(std::string_view) {}
 
+LastDuty Backend::lastDuty() const
+{
+    return
+        [queue = parts_->platform.mainQueue](std::function<void()> done) { queue->async(std::move(done)); };
+}
+
 std::unique_ptr<RemoteControl> makeRemoteControl()
 {
     return std::make_unique<SoleInstance>();

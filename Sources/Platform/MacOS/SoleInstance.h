@@ -10,7 +10,7 @@ public:
     /// There is no channel.
     Delivery send(const RemoteRequest&) override { return Delivery::noChannel; }
     /// Always granted. `handler` never runs.
-    Claim claim(std::function<void(const RemoteRequest&)>) override { return Claim::granted; }
+    Claim claim(Handler) override { return Claim::granted; }
 };
 
 } // namespace tessel
