@@ -38,8 +38,8 @@ struct StatusItemDescription {
     std::string symbolName; ///< The name of the system's symbol, where the system has symbols.
     /// Draws the symbol, `pixels` large, to be seen on a panel of this scheme, where the system has none.
     std::function<StatusIcon(int pixels, ColorScheme panel)> drawIcon;
-    /// Opens the menu as a window of our own at this point of the screen, for a system that shows the item
-    /// but leaves its menu to us.
+    /// Opens the menu as a window of our own at this point of the screen, or closes the one that is open,
+    /// for a system that shows the item but leaves its menu to us.
     std::function<void(Point)> openMenu;
 };
 

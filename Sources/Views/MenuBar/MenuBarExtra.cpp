@@ -26,7 +26,7 @@ MenuBarExtra::MenuBarExtra(AppState& appState, StatusItem& item, const WindowThe
                 .drawIcon = menuBarIcon,
                 .openMenu = [weak = QPointer(this)](Point click) {
                     if (weak)
-                        weak->openMenuAt(click);
+                        weak->clickAt(click);
                 }});
 }
 
@@ -75,10 +75,15 @@ std::function<void()> MenuBarExtra::run(void (AppState::*command)()) const
     };
 }
 
-void MenuBarExtra::openMenuAt(Point click)
+void MenuBarExtra::clickAt(Point click)
 {
+    // The menu sees no click outside itself before the pointer is its own, or where somebody else holds it.
+    if (menu_) {
+        menu_->close();
+        return;
+    }
     const auto screen = screenInUse(click, screens_.screens(), screens_.mainScreen());
-    if (menu_ || !screen)
+    if (!screen)
         return;
     menu_ = new MenuBarMenu(rows(), theme_);
     menu_->setAccessibleName(coreText(menuBarTitle));

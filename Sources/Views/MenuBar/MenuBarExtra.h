@@ -36,7 +36,8 @@ public:
 private:
     void updateLater();
     void update();
-    void openMenuAt(Point click);
+    /// Opens the menu there, or closes the one that is open.
+    void clickAt(Point click);
     std::vector<StatusMenuRow> rows() const;
     std::function<void()> run(void (AppState::*command)()) const;
 

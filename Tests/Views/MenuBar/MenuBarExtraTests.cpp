@@ -254,6 +254,15 @@ TEST_F(MenuBarExtraTest, EscapeClosesOurMenuAndLeavesThePanel)
     EXPECT_TRUE(desktop_.window().isVisible());
 }
 
+TEST_F(MenuBarExtraTest, AClickOnTheBarThatOurMenuDoesNotSeeClosesIt)
+{
+    openMenu();
+    item_.description->openMenu({300, 100});
+    runMainLoop();
+    EXPECT_EQ(extra_->openMenu(), nullptr);
+    openMenu();
+}
+
 TEST_F(MenuBarExtraTest, AnotherLookClosesOurMenu)
 {
     openMenu();
