@@ -139,6 +139,22 @@ TEST_F(UpdateTest, ASkippedVersionIsRemembered)
     waitForState("\"updates.skippedVersion\": \"99.0\"");
 }
 
+TEST_F(UpdateTest, AnInstallationThatSaysHowOftenIsLookedForByItself)
+{
+    publish("99.0");
+    start();
+    const auto configuration = directory.path() / "xdg/tessel-clipboard/updates.json";
+    std::string content = contentOf(configuration);
+    content.insert(content.find('{') + 1, "\"interval\": 86400,");
+    directory.write("xdg/tessel-clipboard/updates.json", content);
+    launch();
+    // The start is left alone: the first look is taken a minute later.
+    desktop_.connection().waitUntil(
+        "the new version to be shown", [&] { return updates().find().has_value(); }, Deadline(3min));
+    waitForText("A new version of Tessel Clipboard is available!");
+    waitForState("updates.lastCheck");
+}
+
 TEST_F(UpdateTest, AnOldFeedHasNothingNew)
 {
     publish("0.0.1");
