@@ -233,6 +233,20 @@ TEST_F(SystemTrayTest, AMenuBarThatNeverAnswersHoldsNothingUp)
     program_->closePanel();
 }
 
+TEST_F(SystemTrayTest, AnIconWithAnOpacityHasTheSymbolAndNothingBehindIt)
+{
+    startTray({.icons = white, .wantsOpacity = true});
+    const auto isBright = [](std::uint32_t pixel) { return pixel >> 24 == 255 && (pixel & 255) > 175; };
+    std::vector<std::uint32_t> pixels;
+    desktop_.connection().waitUntil("a symbol as bright as the tray wants it", [&] {
+        pixels = tray_->iconPixels();
+        return std::ranges::count_if(pixels, isBright) > 50;
+    });
+    EXPECT_EQ(pixels.front(), 0U);
+    EXPECT_EQ(pixels.back(), 0U);
+    EXPECT_GT(std::ranges::count(pixels, 0U), 100);
+}
+
 class SystemTrayLookTest : public SystemTrayTest, public testing::WithParamInterface<CompositorChoice> {
 protected:
     SystemTrayLookTest()

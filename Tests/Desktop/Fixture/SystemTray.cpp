@@ -1,6 +1,7 @@
 #include "SystemTray.h"
 
 #include <array>
+#include <cstring>
 
 namespace tessel::desktop {
 
@@ -34,18 +35,37 @@ void SystemTray::createPanel()
                       static_cast<std::uint16_t>(look_.iconSide + 2 * panelPadding), 0,
                       XCB_WINDOW_CLASS_INPUT_OUTPUT, XCB_COPY_FROM_PARENT,
                       XCB_CW_BACK_PIXEL | XCB_CW_OVERRIDE_REDIRECT | XCB_CW_EVENT_MASK, values.data());
-    if (look_.icons) {
-        constexpr std::size_t meanings = 4;  // The usual one, errors, warnings and success.
-        constexpr std::uint32_t wider = 257; // From 8 to 16 bits.
-        std::array<std::uint32_t, 3 * meanings> units{};
-        for (std::size_t index = 0; index < units.size(); ++index)
-            units.at(index) = look_.icons->at(index % 3) * wider;
-        xcb_change_property(connection, XCB_PROP_MODE_REPLACE, panel_,
-                            connection_.atom("_NET_SYSTEM_TRAY_COLORS"), XCB_ATOM_CARDINAL, 32, units.size(),
-                            units.data());
-    }
+    if (look_.icons)
+        sayColours();
+    if (look_.wantsOpacity)
+        sayVisual();
     xcb_map_window(connection, panel_);
     connection_.synchronize();
+}
+
+void SystemTray::sayColours()
+{
+    constexpr std::size_t meanings = 4;  // The usual one, errors, warnings and success.
+    constexpr std::uint32_t wider = 257; // From 8 to 16 bits.
+    std::array<std::uint32_t, 3 * meanings> units{};
+    for (std::size_t index = 0; index < units.size(); ++index)
+        units.at(index) = look_.icons->at(index % 3) * wider;
+    xcb_change_property(connection_.get(), XCB_PROP_MODE_REPLACE, panel_,
+                        connection_.atom("_NET_SYSTEM_TRAY_COLORS"), XCB_ATOM_CARDINAL, 32, units.size(),
+                        units.data());
+}
+
+void SystemTray::sayVisual()
+{
+    constexpr std::uint8_t depth = 32;
+    auto depths = xcb_screen_allowed_depths_iterator(&connection_.screen());
+    while (depths.rem > 0 && depths.data->depth != depth)
+        xcb_depth_next(&depths);
+    if (depths.rem == 0 || depths.data->visuals_len == 0)
+        throw DesktopFailure("the X server has no visual with an opacity");
+    const xcb_visualid_t visual = xcb_depth_visuals_iterator(depths.data).data->visual_id;
+    xcb_change_property(connection_.get(), XCB_PROP_MODE_REPLACE, panel_,
+                        connection_.atom("_NET_SYSTEM_TRAY_VISUAL"), XCB_ATOM_VISUALID, 32, 1, &visual);
 }
 
 void SystemTray::takeOver()
@@ -129,6 +149,19 @@ int SystemTray::requestCount()
 Frame SystemTray::iconFrame()
 {
     return {panelPadding, panelPadding, look_.iconSide, look_.iconSide};
+}
+
+std::vector<std::uint32_t> SystemTray::iconPixels()
+{
+    const auto side = static_cast<std::uint16_t>(look_.iconSide);
+    const auto cookie = xcb_get_image(connection_.get(), XCB_IMAGE_FORMAT_Z_PIXMAP, icon_, 0, 0, side, side,
+                                      ~std::uint32_t{0});
+    const auto image = own(xcb_get_image_reply(connection_.get(), cookie, nullptr));
+    if (!image)
+        throw DesktopFailure("cannot read the icon");
+    std::vector<std::uint32_t> pixels(static_cast<std::size_t>(side) * side);
+    std::memcpy(pixels.data(), xcb_get_image_data(image.get()), pixels.size() * sizeof pixels.front());
+    return pixels;
 }
 
 std::string SystemTray::iconTitle()

@@ -2,6 +2,7 @@
 
 #include <optional>
 #include <string>
+#include <vector>
 
 #include "Picture.h"
 #include "WindowSearch.h"
@@ -19,6 +20,8 @@ public:
         std::optional<Colour> icons = {};
         /// Of an icon, in pixels.
         int iconSide = 24;
+        /// Whether it wants icons with an opacity, which it lays over itself (`_NET_SYSTEM_TRAY_VISUAL`).
+        bool wantsOpacity = false;
     };
 
     explicit SystemTray(const std::string& displayName)
@@ -34,6 +37,9 @@ public:
     int requestCount();
     /// Where the icon is; there must be one.
     Frame iconFrame();
+    /// The icon as it has drawn itself, 0xAARRGGBB by rows from the top, multiplied by the opacity. Without a
+    /// wish for opacity that byte has no meaning.
+    std::vector<std::uint32_t> iconPixels();
     /// What the icon calls itself (`_NET_WM_NAME`).
     std::string iconTitle();
     /// The panel has another colour from now on; the icon is not told.
@@ -41,6 +47,8 @@ public:
 
 private:
     void createPanel();
+    void sayColours();
+    void sayVisual();
     void takeOver();
     void readEvents();
     void take(xcb_window_t icon);
