@@ -5,6 +5,8 @@
 #include <list>
 #include <vector>
 
+#include <gtest/gtest.h>
+
 #import "Doubles/Message.h"
 #import "Doubles/Reply.h"
 #include "Support/CallScript.h"
@@ -63,19 +65,28 @@ Word describeTypes(ItemCount count, const EventTypeSpec* types)
     return {text};
 }
 
-/// Removes what the reference stands for. Fails the test when there is nothing of that kind.
+/// Removes what the reference stands for. Fails the test when that is nothing.
 template <class Registration>
 void remove(std::list<Registration>& registrations, const Registration* reference, const char* kind)
 {
     CallScript::current().givenBack(kind);
-    registrations.remove_if([reference](const Registration& other) { return &other == reference; });
+    if (registrations.remove_if([reference](const Registration& other) { return &other == reference; }) != 1)
+        ADD_FAILURE() << "Given back was another " << kind;
 }
 
-OSStatus callHandlers(EventRef event, bool withUserData)
+bool hearsOfPressedHotKeys(const OpaqueEventHandlerRef& installed)
 {
-    for (const OpaqueEventHandlerRef& installed : handlers())
-        return installed.handler(nullptr, event, withUserData ? installed.userData : nullptr);
-    return notHandled;
+    return std::any_of(installed.types.begin(), installed.types.end(), [](EventTypeSpec type) {
+        return type.eventClass == kEventClassKeyboard && type.eventKind == kEventHotKeyPressed;
+    });
+}
+
+OSStatus callHandler(EventRef event, bool withUserData)
+{
+    const auto installed = std::find_if(handlers().begin(), handlers().end(), hearsOfPressedHotKeys);
+    if (installed == handlers().end())
+        return notHandled;
+    return installed->handler(nullptr, event, withUserData ? installed->userData : nullptr);
 }
 
 } // namespace
@@ -150,18 +161,18 @@ namespace tessel::test {
 std::int32_t pressHotKey(std::uint32_t signature, std::uint32_t id)
 {
     OpaqueEventRef event = {{signature, id}};
-    return callHandlers(&event, true);
+    return callHandler(&event, true);
 }
 
 std::int32_t callHotKeyHandlerWithoutEvent()
 {
-    return callHandlers(nullptr, true);
+    return callHandler(nullptr, true);
 }
 
 std::int32_t callHotKeyHandlerWithoutUserData()
 {
     OpaqueEventRef event = {{0x434C4950, 1}};
-    return callHandlers(&event, false);
+    return callHandler(&event, false);
 }
 
 } // namespace tessel::test

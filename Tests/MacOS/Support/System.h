@@ -9,8 +9,8 @@
 
 namespace tessel::test {
 
-/// A hot key is pressed: each installed handler gets the event, which carries this identifier. Returns the
-/// status of the handler; -9874 (not handled) where there is none.
+/// A hot key is pressed: the handler that is installed for such events gets one, which carries this
+/// identifier. Returns the status of the handler; -9874 (not handled) where there is none.
 std::int32_t pressHotKey(std::uint32_t signature, std::uint32_t id);
 /// The same without an event.
 std::int32_t callHotKeyHandlerWithoutEvent();
