@@ -46,6 +46,11 @@ std::list<OpaqueEventHotKeyRef>& hotKeys()
     return *registered;
 }
 
+Word describeAddress(const void* address, const char* name)
+{
+    return {address != nullptr ? name : "NULL"};
+}
+
 Word describeTarget(EventTargetRef target)
 {
     return {target == &applicationTarget ? "application target" : "another target"};
@@ -70,7 +75,9 @@ template <class Registration>
 void remove(std::list<Registration>& registrations, const Registration* reference, const char* kind)
 {
     CallScript::current().givenBack(kind);
-    if (registrations.remove_if([reference](const Registration& other) { return &other == reference; }) != 1)
+    const auto removed =
+        registrations.remove_if([reference](const Registration& other) { return &other == reference; });
+    if (removed != 1)
         ADD_FAILURE() << "Given back was another " << kind;
 }
 
@@ -103,9 +110,9 @@ OSStatus InstallEventHandler(EventTargetRef target, EventHandlerUPP handler, Ite
                              const EventTypeSpec* types, void* userData, EventHandlerRef* handlerRef)
 {
     const auto status = static_cast<OSStatus>(
-        Reply(call("InstallEventHandler", describeTarget(target), Word{"handler"}, typeCount,
-                   describeTypes(typeCount, types), Word{userData != nullptr ? "user data" : "NULL"},
-                   Word{"&handlerRef"}))
+        Reply(call("InstallEventHandler", describeTarget(target),
+                   Word{handler != nullptr ? "handler" : "NULL"}, typeCount, describeTypes(typeCount, types),
+                   describeAddress(userData, "user data"), describeAddress(handlerRef, "&handlerRef")))
             .integer());
     if (status != noErr)
         return status;
@@ -126,7 +133,7 @@ OSStatus RegisterEventHotKey(UInt32 keyCode, UInt32 modifiers, EventHotKeyID ide
 {
     const auto status = static_cast<OSStatus>(
         Reply(call("RegisterEventHotKey", keyCode, Mask{modifiers}, describeIdentifier(identifier),
-                   describeTarget(target), options, Word{"&hotKeyRef"}))
+                   describeTarget(target), options, describeAddress(hotKeyRef, "&hotKeyRef")))
             .integer());
     if (status != noErr)
         return status;
@@ -146,9 +153,9 @@ OSStatus GetEventParameter(EventRef event, EventParamName name, EventParamType t
                            void* data)
 {
     const auto status = static_cast<OSStatus>(
-        Reply(call("GetEventParameter", Word{"event"}, FourCharacterCode{name}, FourCharacterCode{type},
-                   Word{actualType == nullptr ? "NULL" : "&actualType"}, bufferSize,
-                   Word{actualSize == nullptr ? "NULL" : "&actualSize"}, Word{"&data"}))
+        Reply(call("GetEventParameter", describeAddress(event, "event"), FourCharacterCode{name},
+                   FourCharacterCode{type}, describeAddress(actualType, "&actualType"), bufferSize,
+                   describeAddress(actualSize, "&actualSize"), describeAddress(data, "&data")))
             .integer());
     if (status == noErr)
         std::memcpy(data, &event->identifier, std::min(bufferSize, sizeof event->identifier));
