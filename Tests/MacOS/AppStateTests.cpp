@@ -386,6 +386,28 @@ TEST_F(AppStateTests, AnImageIsPastedAsTheImageObjectAndNotAsATextAndTheWriteIsN
     EXPECT_EQ(state->history->size(), 2U);
 }
 
+TEST_F(AppStateTests, APasteThatFollowsAtOnceDoesNotCancelTheOneBefore)
+{
+    launch();
+    copy("one", 8);
+    for (const auto& [application, process] : {std::pair("editor", 4242), {"browser", 77}}) {
+        openPanel(Object{application});
+        expectWriteAndReturnTo(application);
+        expectCall("AXIsProcessTrusted()", true);
+        expectCall("[" + std::string(application) + " processIdentifier]", process);
+        expectDelayedBlock();
+        state->copyAndPaste(state->history->front());
+        expectNoMore();
+    }
+    for (const std::string process : {"4242", "77"}) {
+        expectEvents();
+        expectCall("CGEventPostToPid(" + process + ", down)");
+        expectCall("CGEventPostToPid(" + process + ", up)");
+        runNextBlock();
+        expectNoMore();
+    }
+}
+
 TEST_F(AppStateTests, WithoutAnApplicationInFrontItPastesWhereTheFocusIs)
 {
     launch();
