@@ -163,7 +163,7 @@ TEST_F(AppStateTests, AValueThatIsNeitherStringNorImageIsConsumedAndNotLookedAtA
     EXPECT_TRUE(state->history->empty());
 }
 
-TEST_F(AppStateTests, WhatIsCopiedWhileThePanelIsVisibleFitsAndPlacesItAnew)
+TEST_F(AppStateTests, AnOpenPanelGrowsWithTheHistoryAndStaysByThePointer)
 {
     launch();
     copy("one", 8);
