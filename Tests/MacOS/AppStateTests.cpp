@@ -77,7 +77,32 @@ protected:
                 {.frame = WindowDescription::Frame::none, .title = "Settings", .contentSize = {420, 520}},
                 std::make_unique<ScriptedContent>());
         };
+        windows.about = [](AppState&) {
+            return AppKitWindowHost().makeWindow(
+                {.frame = WindowDescription::Frame::none, .title = "About", .contentSize = {420, 340}},
+                std::make_unique<ScriptedContent>());
+        };
+        windows.onboarding = [](AppState&) {
+            return AppKitWindowHost().makeWindow({.frame = WindowDescription::Frame::titleBar,
+                                                  .title = "Setup Required",
+                                                  .contentSize = {430, 250}},
+                                                 std::make_unique<ScriptedContent>());
+        };
         return windows;
+    }
+
+    void expectOpening(const std::string& window)
+    {
+        expectCall(window + ".make()");
+        expectCall(window + ".showWindow()");
+        expectActivation();
+    }
+
+    /// Key code 53 reaches the application.
+    void expectEscape()
+    {
+        expectCall("[escape keyCode]", 53);
+        expectCall("[escape modifierFlags]", 0);
     }
 
     void expectActivation()
@@ -128,13 +153,29 @@ protected:
         expectNoMore();
     }
 
+    /// The pointer is on the only screen, of 1440 by 900 points. Its location is read once more for the
+    /// place of the panel.
+    void expectScreenUnderPointer()
+    {
+        expectCall("[NSEvent mouseLocation]", Numbers{{400, 600}});
+        expectScreen();
+        expectCall("[NSEvent mouseLocation]", Numbers{{400, 600}});
+    }
+
+    void expectScreen()
+    {
+        expectCall("[NSScreen screens]", Objects{{"screen"}});
+        expectCall("[screen frame]", Numbers{{0, 0, 1440, 900}});
+        expectCall("[screen visibleFrame]", Numbers{{0, 70, 1440, 805}});
+    }
+
     void expectPress()
     {
         expectCall("GetEventParameter(event, '----', 'hkid', NULL, 8, NULL, &data)", 0);
         expectCall("dispatch_async(main queue, ^)");
     }
 
-    /// The panel opens over that application, with one entry, on a screen of 1440 by 900 points.
+    /// The panel opens over that application, with one entry.
     void openPanel(Answer frontmostApplication)
     {
         expectPress();
@@ -144,19 +185,11 @@ protected:
         expectCall("[workspace frontmostApplication]", std::move(frontmostApplication));
         expectCall("panel.make()");
         expectCall("panel.setContentSize(460, 220)");
-        expectCall("[NSEvent mouseLocation]", Numbers{{400, 600}});
-        expectCall("[NSScreen screens]", Objects{{"screen"}});
-        expectCall("[screen frame]", Numbers{{0, 0, 1440, 900}});
-        expectCall("[screen visibleFrame]", Numbers{{0, 70, 1440, 805}});
-        expectCall("[NSScreen mainScreen]", Object{"main"});
-        expectCall("[main frame]", Numbers{{0, 0, 1440, 900}});
-        expectCall("[main visibleFrame]", Numbers{{0, 70, 1440, 805}});
-        expectCall("[NSEvent mouseLocation]", Numbers{{400, 600}});
+        expectScreenUnderPointer();
         expectCall("panel.frame()", Numbers{{0, 0, 460, 220}});
         expectCall("panel.setFrameOrigin(412, 368)");
         expectCall("panel.showWindow()");
-        expectCall("[NSApplication sharedApplication]", Object{"application"});
-        expectCall("[application activateIgnoringOtherApps:YES]");
+        expectActivation();
         expectCall("panel.makeKeyAndOrderFront()");
         runNextBlock();
         expectNoMore();
@@ -214,10 +247,7 @@ TEST_F(AppStateTests, WithoutTrustTheOnboardingWindowOpensAfterTheStart)
     expectStart(0);
     state = AppState::create(makeSystemPlatform(imageFingerprint), scriptedWindows());
     expectCall("AXIsProcessTrusted()", false);
-    expectCall("onboarding.make()");
-    expectCall("onboarding.showWindow()");
-    expectCall("[NSApplication sharedApplication]", Object{"application"});
-    expectCall("[application activateIgnoringOtherApps:YES]");
+    expectOpening("onboarding");
     runNextBlock();
     expectNoMore();
 }
@@ -309,64 +339,167 @@ TEST_F(AppStateTests, AnotherPresetIsRegisteredOnceTheFormerIsUnregistered)
     expectNoMore();
 }
 
-TEST_F(AppStateTests, TheHotKeyOpensAndClosesAPanelOfTheSystems)
+class HostedAppStateTests : public AppStateTests {
+protected:
+    /// The panel is made and opens over that application, with an empty history.
+    void openHostedPanel(const std::string& frontmostApplication)
+    {
+        expectFrontmostApplication(frontmostApplication);
+        expectContentViewController("{460, 420}");
+        expectPanel();
+        expectPlacedAndShown();
+        runNextBlock();
+        expectNoMore();
+    }
+
+    /// The panel that is there opens again over that application.
+    void openHostedPanelAgain(const std::string& frontmostApplication)
+    {
+        expectFrontmostApplication(frontmostApplication);
+        expectPlacedAndShown();
+        runNextBlock();
+        expectNoMore();
+    }
+
+    /// A press of the hot key closes the panel.
+    void closeHostedPanel()
+    {
+        press();
+        expectVisible(true);
+        expectClose();
+        expectCall("dispatch_async(main queue, ^)");
+        runNextBlock();
+        EXPECT_EQ(state->panelController, nullptr);
+        expectCall("content.end()");
+        runNextBlock();
+        endTurn();
+    }
+
+    void press()
+    {
+        expectPress();
+        EXPECT_EQ(pressHotKey(0x434C4950, 1), 0);
+    }
+
+    /// Whether the window can be seen is asked of a window that is there.
+    void expectVisible(bool isVisible)
+    {
+        expectCall("[controller window]", true);
+        expectCall("[panel isVisible]", isVisible);
+    }
+
+    void expectShown()
+    {
+        expectCall("content.windowWillShow()");
+        expectCall("[controller showWindow:nil]");
+    }
+
+    /// The window opens, comes forward when it is opened again, and closes.
+    void openTwiceAndClose(void (AppState::*show)(), std::unique_ptr<WindowController> AppState::*controller,
+                           const std::string& size)
+    {
+        expectChromelessWindow(size);
+        for (int openings = 0; openings < 2; ++openings) {
+            expectShown();
+            expectActivation();
+            (*state.*show)();
+            expectNoMore();
+        }
+        expectClose();
+        (*state.*controller)->close();
+        retire(*state.*controller);
+    }
+
+    void expectFrontmostApplication(const std::string& name)
+    {
+        expectCall("[NSWorkspace sharedWorkspace]", Object{"workspace"});
+        expectCall("[workspace frontmostApplication]", Object{name});
+    }
+
+    void expectPlacedAndShown()
+    {
+        expectCall("[controller window]", true);
+        expectCall("[panel setContentSize:{460, 220}]");
+        expectCall("[controller window]", true);
+        expectScreenUnderPointer();
+        expectCall("[panel frame]", Numbers{{0, 0, 460, 220}});
+        expectCall("[panel setFrameOrigin:{412, 368}]");
+        expectShownInFront();
+    }
+
+    void expectShownInFront()
+    {
+        expectShown();
+        expectActivation();
+        expectCall("[panel makeKeyAndOrderFront:nil]");
+        expectCall("[panel makeFirstResponder:content]", true);
+    }
+};
+
+TEST_F(HostedAppStateTests, TheHotKeyOpensAndClosesAPanelThatIsMadeAnewForEachOpening)
 {
     launch(0, hostedWindows());
-    expectPress();
-    EXPECT_EQ(pressHotKey(0x434C4950, 1), 0);
-    expectCall("[NSWorkspace sharedWorkspace]", Object{"workspace"});
-    expectCall("[workspace frontmostApplication]", Object{"editor"});
-    expectContentViewController("{460, 420}");
-    expectPanel();
-    expectCall("[panel setContentSize:{460, 220}]");
-    expectCall("[NSEvent mouseLocation]", Numbers{{400, 600}});
-    expectCall("[NSScreen screens]", Objects{{"screen"}});
-    expectCall("[screen frame]", Numbers{{0, 0, 1440, 900}});
-    expectCall("[screen visibleFrame]", Numbers{{0, 70, 1440, 805}});
-    expectCall("[NSScreen mainScreen]", Object{"main"});
-    expectCall("[main frame]", Numbers{{0, 0, 1440, 900}});
-    expectCall("[main visibleFrame]", Numbers{{0, 70, 1440, 805}});
-    expectCall("[NSEvent mouseLocation]", Numbers{{400, 600}});
-    expectCall("[panel frame]", Numbers{{0, 0, 460, 220}});
-    expectCall("[panel setFrameOrigin:{412, 368}]");
-    expectCall("content.windowWillShow()");
-    expectCall("[controller showWindow:nil]");
-    expectActivation();
-    expectCall("[panel makeKeyAndOrderFront:nil]");
-    expectCall("[panel makeFirstResponder:content]", true);
-    runNextBlock();
-    expectNoMore();
-
-    expectPress();
-    EXPECT_EQ(pressHotKey(0x434C4950, 1), 0);
-    expectCall("[panel isVisible]", true);
-    expectClose();
-    expectCall("dispatch_async(main queue, ^)");
-    runNextBlock();
-    EXPECT_EQ(state->panelController, nullptr);
-    expectCall("content.end()");
-    runNextBlock();
+    for (int openings = 0; openings < 2; ++openings) {
+        press();
+        openHostedPanel("editor");
+        closeHostedPanel();
+    }
 }
 
-TEST_F(AppStateTests, TheSettingsAreOneWindowThatIsShownBeforeTheApplicationIsActivated)
+TEST_F(HostedAppStateTests, APanelThatTheSystemHasHiddenIsShownAgainOverTheApplicationThatIsInFrontNow)
 {
     launch(0, hostedWindows());
-    expectChromelessWindow("{420, 520}");
-    expectCall("content.windowWillShow()");
-    expectCall("[controller showWindow:nil]");
-    expectActivation();
-    state->showSettingsWindow();
-    expectNoMore();
+    press();
+    openHostedPanel("editor");
+    press();
+    expectVisible(false); // As while the application is inactive.
+    openHostedPanelAgain("browser");
+    closeHostedPanel();
+}
 
-    expectCall("content.windowWillShow()");
-    expectCall("[controller showWindow:nil]");
-    expectActivation();
-    state->showSettingsWindow();
+TEST_F(HostedAppStateTests, APanelWithoutAWindowIsOpenedAndNeitherSizedNorPlaced)
+{
+    launch(0, hostedWindows());
+    press();
+    openHostedPanel("editor");
+    press();
+    expectCall("[controller window]", false);
+    expectFrontmostApplication("browser");
+    expectCall("[controller window]", false);
+    expectCall("[controller window]", false);
+    expectShownInFront();
+    runNextBlock();
     expectNoMore();
+    closeHostedPanel();
+}
+
+TEST_F(HostedAppStateTests, TheSettingsAreOneWindowThatIsShownBeforeTheApplicationIsActivated)
+{
+    launch(0, hostedWindows());
+    openTwiceAndClose(&AppState::showSettingsWindow, &AppState::settingsController, "{420, 520}");
+}
+
+TEST_F(HostedAppStateTests, TheAboutWindowIsOneWindowThatIsShownBeforeTheApplicationIsActivated)
+{
+    launch(0, hostedWindows());
+    openTwiceAndClose(&AppState::showAboutWindow, &AppState::aboutController, "{420, 340}");
+}
+
+TEST_F(HostedAppStateTests, WithoutTrustATitledWindowIsShownBeforeTheApplicationIsActivated)
+{
+    expectStart(0);
+    state = AppState::create(makeSystemPlatform(imageFingerprint), hostedWindows());
+    expectCall("AXIsProcessTrusted()", false);
+    expectTitledWindow("Setup Required");
+    expectShown();
+    expectActivation();
+    runNextBlock();
+    expectNoMore();
+    endTurn();
 
     expectClose();
-    state->settingsController->close();
-    retire(state->settingsController);
+    state->onboardingController->close();
+    retire(state->onboardingController);
 }
 
 TEST_F(AppStateTests, PastesIntoTheApplicationThatWasInFront)
@@ -460,19 +593,118 @@ TEST_F(AppStateTests, NothingIsPostedWhenTheStateEndsBeforeTheDelayIsOver)
     runNextBlock();
 }
 
-TEST_F(AppStateTests, EscapeClosesThePanelAndGoesNoFurther)
+TEST_F(AppStateTests, AnOpenPanelGrowsWithTheHistoryAndStaysByThePointer)
 {
     launch();
     copy("one", 8);
     openPanel(Object{"editor"});
-    expectCall("[escape keyCode]", 53);
-    expectCall("[escape modifierFlags]", 0);
+    expectSeen(9);
+    expectCall("[pasteboard stringForType:@\"public.utf8-plain-text\"]", "two");
+    expectDate();
     expectCall("panel.isWindowVisible()", true);
-    expectCall("panel.close()");
-    EXPECT_FALSE(deliverKeyDown("escape"));
-    expectCall("[escape keyCode]", 53);
-    expectCall("[escape modifierFlags]", 0);
+    expectCall("panel.setContentSize(460, 262)");
+    expectScreenUnderPointer();
+    expectCall("panel.frame()", Numbers{{412, 368, 460, 262}});
+    expectCall("panel.setFrameOrigin(412, 326)");
+    fireTimer("poll timer");
+    expectNoMore();
+}
+
+TEST_F(AppStateTests, ThePanelOpensOnTheFirstScreenWithThePointerWithinWhatIsVisibleOfIt)
+{
+    launch();
+    expectCall("[NSWorkspace sharedWorkspace]", Object{"workspace"});
+    expectCall("[workspace frontmostApplication]", Nil{});
+    expectCall("panel.make()");
+    expectCall("panel.setContentSize(460, 220)");
+    expectCall("[NSEvent mouseLocation]", Numbers{{2400, 150}});
+    expectCall("[NSScreen screens]", Objects{{"first", "second"}});
+    expectCall("[first frame]", Numbers{{0, 0, 1440, 900}});
+    expectCall("[first visibleFrame]", Numbers{{0, 70, 1440, 805}});
+    expectCall("[second frame]", Numbers{{1440, 0, 1000, 800}});
+    expectCall("[second visibleFrame]", Numbers{{1440, 50, 1000, 725}});
+    expectCall("[NSEvent mouseLocation]", Numbers{{2400, 150}});
+    expectCall("panel.frame()", Numbers{{0, 0, 460, 220}});
+    expectCall("panel.setFrameOrigin(1980, 50)");
+    expectCall("panel.showWindow()");
+    expectActivation();
+    expectCall("panel.makeKeyAndOrderFront()");
+    state->showPanel();
+}
+
+TEST_F(AppStateTests, TheMainScreenIsAskedForOnlyWhereNoScreenHasThePointer)
+{
+    launch();
+    for (const bool hasMainScreen : {true, false}) {
+        expectCall("[NSWorkspace sharedWorkspace]", Object{"workspace"});
+        expectCall("[workspace frontmostApplication]", Nil{});
+        if (!state->panelController)
+            expectCall("panel.make()");
+        expectCall("panel.setContentSize(460, 220)");
+        expectCall("[NSEvent mouseLocation]", Numbers{{-20, 400}});
+        expectScreen();
+        expectCall("[NSScreen mainScreen]", hasMainScreen ? Answer(Object{"main"}) : Answer(Nil{}));
+        if (hasMainScreen) {
+            expectCall("[main frame]", Numbers{{0, 0, 1440, 900}});
+            expectCall("[main visibleFrame]", Numbers{{0, 70, 1440, 805}});
+            expectCall("[NSEvent mouseLocation]", Numbers{{-20, 400}});
+            expectCall("panel.frame()", Numbers{{0, 0, 460, 220}});
+            expectCall("panel.setFrameOrigin(0, 168)");
+        }
+        expectCall("panel.showWindow()");
+        expectActivation();
+        expectCall("panel.makeKeyAndOrderFront()");
+        state->showPanel();
+        expectNoMore();
+    }
+}
+
+TEST_F(AppStateTests, EscapeClosesThePanelThenTheSettingsThenTheAboutWindowAndNoOther)
+{
+    expectStart(0);
+    state = AppState::create(makeSystemPlatform(imageFingerprint), scriptedWindows());
+    expectCall("AXIsProcessTrusted()", false);
+    expectOpening("onboarding");
+    runNextBlock();
+    endTurn();
+    expectOpening("about");
+    state->showAboutWindow();
+    expectOpening("settings");
+    state->showSettingsWindow();
+    openPanel(Object{"editor"});
+
+    for (const std::string window : {"panel", "settings", "about"}) {
+        expectEscape();
+        expectCall(window + ".isWindowVisible()", true);
+        expectCall(window + ".close()");
+        EXPECT_FALSE(deliverKeyDown("escape"));
+        expectNoMore();
+    }
+    expectEscape();
     EXPECT_TRUE(deliverKeyDown("escape"));
+}
+
+TEST_F(AppStateTests, EscapePassesByWindowsThatAreNotVisible)
+{
+    launch();
+    expectOpening("settings");
+    state->showSettingsWindow();
+    openPanel(Object{"editor"});
+    expectEscape();
+    expectCall("panel.isWindowVisible()", false);
+    expectCall("settings.isWindowVisible()", false);
+    EXPECT_TRUE(deliverKeyDown("escape"));
+    EXPECT_NE(state->panelController, nullptr);
+    EXPECT_NE(state->settingsController, nullptr);
+}
+
+TEST_F(AppStateTests, AnotherKeyThanEscapeIsPassedOnAndNoWindowIsAsked)
+{
+    launch();
+    openPanel(Object{"editor"});
+    expectCall("[key keyCode]", 51);
+    expectCall("[key modifierFlags]", 0);
+    EXPECT_TRUE(deliverKeyDown("key"));
 }
 
 TEST_F(AppStateTests, ALoginItemThatTheSystemRefusesSpringsBack)
