@@ -35,10 +35,7 @@ TEST_F(AppStateTests, WithoutTrustTheOnboardingWindowOpensAfterTheStart)
     state = AppState::create(makeSystemPlatform(imageFingerprint), scriptedWindows());
     expectNoMore();
     expectCall("AXIsProcessTrusted()", false);
-    expectCall("onboarding.make()");
-    expectCall("onboarding.showWindow()");
-    expectCall("[NSApplication sharedApplication]", Object{"application"});
-    expectCall("[application activateIgnoringOtherApps:YES]");
+    expectOpening("onboarding");
     runNextBlock();
     expectNoMore();
 }
@@ -285,64 +282,6 @@ TEST_F(AppStateTests, AHandlerAndAHotKeyThatTheSystemRefusesAreNotReportedAndNot
     state.reset();
 }
 
-TEST_F(AppStateTests, TheHotKeyOpensAndClosesAPanelOfTheSystems)
-{
-    launch(0, hostedWindows());
-    press();
-    expectCall("[NSWorkspace sharedWorkspace]", Object{"workspace"});
-    expectCall("[workspace frontmostApplication]", Object{"editor"});
-    expectContentViewController("{460, 420}");
-    expectPanel();
-    expectCall("[panel setContentSize:{460, 220}]");
-    expectCall("[NSEvent mouseLocation]", Numbers{{400, 600}});
-    expectCall("[NSScreen screens]", Objects{{"screen"}});
-    expectCall("[screen frame]", Numbers{{0, 0, 1440, 900}});
-    expectCall("[screen visibleFrame]", Numbers{{0, 70, 1440, 805}});
-    expectCall("[NSScreen mainScreen]", Object{"main"});
-    expectCall("[main frame]", Numbers{{0, 0, 1440, 900}});
-    expectCall("[main visibleFrame]", Numbers{{0, 70, 1440, 805}});
-    expectCall("[NSEvent mouseLocation]", Numbers{{400, 600}});
-    expectCall("[panel frame]", Numbers{{0, 0, 460, 220}});
-    expectCall("[panel setFrameOrigin:{412, 368}]");
-    expectCall("content.windowWillShow()");
-    expectCall("[controller showWindow:nil]");
-    expectActivation();
-    expectCall("[panel makeKeyAndOrderFront:nil]");
-    expectCall("[panel makeFirstResponder:content]", true);
-    runNextBlock();
-    expectNoMore();
-
-    press();
-    expectCall("[panel isVisible]", true);
-    expectClose();
-    expectCall("dispatch_async(main queue, ^)");
-    runNextBlock();
-    EXPECT_EQ(state->panelController, nullptr);
-    expectCall("content.end()");
-    runNextBlock();
-}
-
-TEST_F(AppStateTests, TheSettingsAreOneWindowThatIsShownBeforeTheApplicationIsActivated)
-{
-    launch(0, hostedWindows());
-    expectChromelessWindow("{420, 520}");
-    expectCall("content.windowWillShow()");
-    expectCall("[controller showWindow:nil]");
-    expectActivation();
-    state->showSettingsWindow();
-    expectNoMore();
-
-    expectCall("content.windowWillShow()");
-    expectCall("[controller showWindow:nil]");
-    expectActivation();
-    state->showSettingsWindow();
-    expectNoMore();
-
-    expectClose();
-    state->settingsController->close();
-    retire(state->settingsController);
-}
-
 TEST_F(AppStateTests, PastesIntoTheApplicationThatWasInFront)
 {
     launch();
@@ -487,19 +426,101 @@ TEST_F(AppStateTests, NothingIsPostedWhenTheStateEndsBeforeTheDelayIsOver)
     runNextBlock();
 }
 
-TEST_F(AppStateTests, EscapeClosesThePanelAndGoesNoFurther)
+TEST_F(AppStateTests, ThePanelOpensOnTheFirstScreenWithThePointerWithinWhatIsVisibleOfIt)
 {
     launch();
-    copy("one", 8);
+    expectCall("[NSWorkspace sharedWorkspace]", Object{"workspace"});
+    expectCall("[workspace frontmostApplication]", Nil{});
+    expectCall("panel.make()");
+    expectCall("panel.setContentSize(460, 220)");
+    expectCall("[NSEvent mouseLocation]", Numbers{{2400, 150}});
+    expectCall("[NSScreen screens]", Objects{{"first", "second"}});
+    expectCall("[first frame]", Numbers{{0, 0, 1440, 900}});
+    expectCall("[first visibleFrame]", Numbers{{0, 70, 1440, 805}});
+    expectCall("[second frame]", Numbers{{1440, 0, 1000, 800}});
+    expectCall("[second visibleFrame]", Numbers{{1440, 50, 1000, 725}});
+    expectCall("[NSEvent mouseLocation]", Numbers{{2400, 150}});
+    expectCall("panel.frame()", Numbers{{0, 0, 460, 220}});
+    expectCall("panel.setFrameOrigin(1980, 50)");
+    expectCall("panel.showWindow()");
+    expectActivation();
+    expectCall("panel.makeKeyAndOrderFront()");
+    state->showPanel();
+}
+
+TEST_F(AppStateTests, TheMainScreenIsAskedForOnlyWhereNoScreenHasThePointer)
+{
+    launch();
+    for (const bool hasMainScreen : {true, false}) {
+        expectCall("[NSWorkspace sharedWorkspace]", Object{"workspace"});
+        expectCall("[workspace frontmostApplication]", Nil{});
+        if (!state->panelController)
+            expectCall("panel.make()");
+        expectCall("panel.setContentSize(460, 220)");
+        expectCall("[NSEvent mouseLocation]", Numbers{{-20, 400}});
+        expectScreen();
+        expectCall("[NSScreen mainScreen]", hasMainScreen ? Answer(Object{"main"}) : Answer(Nil{}));
+        if (hasMainScreen) {
+            expectCall("[main frame]", Numbers{{0, 0, 1440, 900}});
+            expectCall("[main visibleFrame]", Numbers{{0, 70, 1440, 805}});
+            expectCall("[NSEvent mouseLocation]", Numbers{{-20, 400}});
+            expectCall("panel.frame()", Numbers{{0, 0, 460, 220}});
+            expectCall("panel.setFrameOrigin(0, 168)");
+        }
+        expectCall("panel.showWindow()");
+        expectActivation();
+        expectCall("panel.makeKeyAndOrderFront()");
+        state->showPanel();
+        expectNoMore();
+    }
+}
+
+TEST_F(AppStateTests, EscapeClosesThePanelThenTheSettingsThenTheAboutWindowAndNoOther)
+{
+    expectStart();
+    state = AppState::create(makeSystemPlatform(imageFingerprint), scriptedWindows());
+    expectCall("AXIsProcessTrusted()", false);
+    expectOpening("onboarding");
+    runNextBlock();
+    endTurn();
+    expectOpening("about");
+    state->showAboutWindow();
+    expectOpening("settings");
+    state->showSettingsWindow();
     openPanel(Object{"editor"});
-    expectCall("[escape keyCode]", 53);
-    expectCall("[escape modifierFlags]", 0);
-    expectCall("panel.isWindowVisible()", true);
-    expectCall("panel.close()");
-    EXPECT_FALSE(deliverKeyDown("escape"));
-    expectCall("[escape keyCode]", 53);
-    expectCall("[escape modifierFlags]", 0);
+
+    for (const std::string window : {"panel", "settings", "about"}) {
+        expectEscape();
+        expectCall(window + ".isWindowVisible()", true);
+        expectCall(window + ".close()");
+        EXPECT_FALSE(deliverKeyDown("escape"));
+        expectNoMore();
+    }
+    expectEscape();
     EXPECT_TRUE(deliverKeyDown("escape"));
+}
+
+TEST_F(AppStateTests, EscapePassesByWindowsThatAreNotVisible)
+{
+    launch();
+    expectOpening("settings");
+    state->showSettingsWindow();
+    openPanel(Object{"editor"});
+    expectEscape();
+    expectCall("panel.isWindowVisible()", false);
+    expectCall("settings.isWindowVisible()", false);
+    EXPECT_TRUE(deliverKeyDown("escape"));
+    EXPECT_NE(state->panelController, nullptr);
+    EXPECT_NE(state->settingsController, nullptr);
+}
+
+TEST_F(AppStateTests, AnotherKeyThanEscapeIsPassedOnAndNoWindowIsAsked)
+{
+    launch();
+    openPanel(Object{"editor"});
+    expectCall("[key keyCode]", 51);
+    expectCall("[key modifierFlags]", 0);
+    EXPECT_TRUE(deliverKeyDown("key"));
 }
 
 TEST_F(AppStateTests, ALoginItemThatTheSystemRefusesSpringsBack)

@@ -126,7 +126,32 @@ protected:
                 {.frame = WindowDescription::Frame::none, .title = "Settings", .contentSize = {420, 520}},
                 std::make_unique<ScriptedContent>());
         };
+        windows.about = [](AppState&) {
+            return AppKitWindowHost().makeWindow(
+                {.frame = WindowDescription::Frame::none, .title = "About", .contentSize = {420, 340}},
+                std::make_unique<ScriptedContent>());
+        };
+        windows.onboarding = [](AppState&) {
+            return AppKitWindowHost().makeWindow({.frame = WindowDescription::Frame::titleBar,
+                                                  .title = "Setup Required",
+                                                  .contentSize = {430, 250}},
+                                                 std::make_unique<ScriptedContent>());
+        };
         return windows;
+    }
+
+    void expectOpening(const std::string& window)
+    {
+        expectCall(window + ".make()");
+        expectCall(window + ".showWindow()");
+        expectActivation();
+    }
+
+    /// Key code 53 reaches the application.
+    void expectEscape()
+    {
+        expectCall("[escape keyCode]", 53);
+        expectCall("[escape modifierFlags]", 0);
     }
 
     void expectActivation()
@@ -215,6 +240,22 @@ protected:
         return std::get<SharedImage>(state->history->front().content)->preparedFingerprint();
     }
 
+    /// The pointer is on the only screen, of 1440 by 900 points. Its location is read once more for the
+    /// place of the panel.
+    void expectScreenUnderPointer()
+    {
+        expectCall("[NSEvent mouseLocation]", Numbers{{400, 600}});
+        expectScreen();
+        expectCall("[NSEvent mouseLocation]", Numbers{{400, 600}});
+    }
+
+    void expectScreen()
+    {
+        expectCall("[NSScreen screens]", Objects{{"screen"}});
+        expectCall("[screen frame]", Numbers{{0, 0, 1440, 900}});
+        expectCall("[screen visibleFrame]", Numbers{{0, 70, 1440, 805}});
+    }
+
     void expectPress()
     {
         expectCall("GetEventParameter(event, '----', 'hkid', NULL, 8, NULL, &data)", 0);
@@ -253,14 +294,7 @@ protected:
     /// The panel is placed beside the pointer: 12 points to the right of it, and its top 12 points below.
     void expectPlacement(double height, const std::string& origin)
     {
-        expectCall("[NSEvent mouseLocation]", Numbers{{400, 600}});
-        expectCall("[NSScreen screens]", Objects{{"screen"}});
-        expectCall("[screen frame]", Numbers{{0, 0, 1440, 900}});
-        expectCall("[screen visibleFrame]", Numbers{{0, 70, 1440, 805}});
-        expectCall("[NSScreen mainScreen]", Object{"main"});
-        expectCall("[main frame]", Numbers{{0, 0, 1440, 900}});
-        expectCall("[main visibleFrame]", Numbers{{0, 70, 1440, 805}});
-        expectCall("[NSEvent mouseLocation]", Numbers{{400, 600}});
+        expectScreenUnderPointer();
         expectCall("panel.frame()", Numbers{{0, 0, 460, height}});
         expectCall("panel.setFrameOrigin" + origin);
     }
