@@ -30,17 +30,24 @@ add_custom_command(OUTPUT ${icon}
     COMMAND tessel-icon ${resources}/Icons/org.tesselclipboard.TesselClipboard.svg ${icon}
     DEPENDS tessel-icon ${resources}/Icons/org.tesselclipboard.TesselClipboard.svg
     VERBATIM)
-target_sources(tessel-clipboard PRIVATE ${icon} ${resources}/MacOS/qt.conf)
-set_source_files_properties(${icon} ${resources}/MacOS/qt.conf PROPERTIES MACOSX_PACKAGE_LOCATION Resources)
+add_custom_target(tessel-bundle-icon DEPENDS ${icon})
+add_dependencies(tessel-clipboard tessel-bundle-icon)
 
-# The toolkit's own texts, those of English being in it.
+# The program is another directory's target, and what is said of a file counts in one directory.
+function(put_into_bundle place)
+    target_sources(tessel-clipboard PRIVATE ${ARGN})
+    set_source_files_properties(${ARGN} TARGET_DIRECTORY tessel-clipboard PROPERTIES MACOSX_PACKAGE_LOCATION ${place})
+endfunction()
+put_into_bundle(Resources ${icon} ${resources}/MacOS/qt.conf)
+
+# The toolkit's own texts, those of English being in it. Homebrew has them in another package than the rest of it.
 foreach(language IN LISTS languages)
-    set(texts ${QT6_INSTALL_PREFIX}/${QT6_INSTALL_TRANSLATIONS}/qtbase_${language}.qm)
-    if(EXISTS ${texts})
-        target_sources(tessel-clipboard PRIVATE ${texts})
-        set_source_files_properties(${texts} PROPERTIES MACOSX_PACKAGE_LOCATION Resources/translations)
+    find_file(TESSEL_TOOLKIT_TEXTS_${language} qtbase_${language}.qm NO_DEFAULT_PATH
+        PATHS ${QT6_INSTALL_PREFIX} ${CMAKE_PREFIX_PATH} PATH_SUFFIXES ${QT6_INSTALL_TRANSLATIONS})
+    if(TESSEL_TOOLKIT_TEXTS_${language})
+        put_into_bundle(Resources/translations ${TESSEL_TOOLKIT_TEXTS_${language}})
     elseif(NOT language STREQUAL "en")
-        message(WARNING "The toolkit's texts in the language '${language}' are missing: ${texts}")
+        message(WARNING "The toolkit's texts in the language '${language}' are missing.")
     endif()
 endforeach()
 

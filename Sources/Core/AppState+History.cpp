@@ -29,10 +29,10 @@ void AppState::clearHistory()
 
 void AppState::pruneExpiredHistory()
 {
-    const auto cutoff = expiryCutoff(*quickClearPolicy, *quickClearCustomSeconds, platform_.clock->now());
-    if (!cutoff)
+    const auto age = maximumAge(*quickClearPolicy, *quickClearCustomSeconds);
+    if (!age)
         return;
-    History kept = keepingSince(*cutoff, *history);
+    History kept = keepingSince(platform_.clock->now() - *age, *history);
     if (kept.size() == history->size())
         return;
     PinnedItemIDs keptPins = intersecting(*pinnedItemIDs, kept);

@@ -56,8 +56,9 @@ void AppState::positionPanelNearCursor()
 {
     if (!panelController || !panelController->hasWindow())
         return;
-    const auto screen = screenInUse(platform_.screens->mouseLocation(), platform_.screens->screens(),
-                                    platform_.screens->mainScreen());
+    auto screen = screenContaining(platform_.screens->mouseLocation(), platform_.screens->screens());
+    if (!screen)
+        screen = platform_.screens->mainScreen();
     if (!screen)
         return;
     const Point pointer = platform_.screens->mouseLocation();

@@ -209,4 +209,20 @@ std::vector<std::string> forbiddenIncludes(const std::filesystem::path& floor,
     return forbidden;
 }
 
+std::vector<std::string> mentions(const std::filesystem::path& directory,
+                                  const std::vector<std::string>& words)
+{
+    std::vector<std::string> found;
+    for (const auto& entry : std::filesystem::recursive_directory_iterator(directory)) {
+        if (!entry.is_regular_file() || !isSourceFile(entry.path()))
+            continue;
+        const std::string text = contents(entry.path());
+        for (const std::string& word : words) {
+            if (text.find(word) != std::string::npos)
+                found.push_back(entry.path().lexically_relative(directory).string() + ": " + word);
+        }
+    }
+    return found;
+}
+
 } // namespace tessel::test

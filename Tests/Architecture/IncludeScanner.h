@@ -31,4 +31,8 @@ bool isStandardHeader(std::string_view header);
 std::vector<std::string> forbiddenIncludes(const std::filesystem::path& floor,
                                            const std::vector<std::filesystem::path>& roots);
 
+/// Which source files below `directory` have which of the words in them, as `Room/File.cpp: word`.
+std::vector<std::string> mentions(const std::filesystem::path& directory,
+                                  const std::vector<std::string>& words);
+
 } // namespace tessel::test

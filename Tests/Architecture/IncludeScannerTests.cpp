@@ -25,6 +25,14 @@ TEST(Includes, OfTheSeamAreTheStandardLibraryAndTheSeam)
     EXPECT_THAT(forbiddenIncludes(seam, {seam}), IsEmpty());
 }
 
+/// The build chooses the files of a system; no file has to ask.
+TEST(Sources, DoNotAskWhichSystemTheyAreCompiledFor)
+{
+    EXPECT_THAT(mentions(sources, {"__APPLE__", "__MACH__", "__linux", "__unix", "_WIN32", "TARGET_OS_",
+                                   "Q_OS_", "QOperatingSystemVersion", "productType()"}),
+                IsEmpty());
+}
+
 // The scanner sees what it is for.
 
 TEST(IncludeScanner, ReadsEveryFormOfAnInclude)
@@ -85,6 +93,13 @@ TEST_F(ScannedFloor, MayIncludeNothingElse)
     EXPECT_THAT(forbiddenIncludes(floor, {floor}),
                 UnorderedElementsAre("Room/Own.h: QString", "Room/Own.h: xcb/xcb.h", "Other.cpp: Foreign.h",
                                      "Other.cpp: Room/../Room/Own.h", "Other.cpp: HEADER"));
+}
+
+TEST_F(ScannedFloor, IsReadForWords)
+{
+    write("Room/Own.mm", "#if defined(__APPLE__)\n#endif\n");
+    write("Other.cpp", "// An apple.\n");
+    EXPECT_THAT(mentions(floor, {"__APPLE__", "Q_OS_"}), ElementsAre("Room/Own.mm: __APPLE__"));
 }
 
 } // namespace

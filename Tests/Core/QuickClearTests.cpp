@@ -32,11 +32,11 @@ TEST_F(QuickClear, KnowsAPolicyByItsExactNameOnly)
         EXPECT_EQ(quickClearPolicy(name), std::nullopt) << name;
 }
 
-TEST_F(QuickClear, CutsOffAtTheAgeOfThePolicy)
+TEST_F(QuickClear, KnowsTheAgeOfEachPolicyInSeconds)
 {
-    EXPECT_EQ(expiryCutoff(QuickClearPolicy::custom, 30, 1000), 970);
-    EXPECT_EQ(expiryCutoff(QuickClearPolicy::oneDay, 30, 100'000), 13'600);
-    EXPECT_EQ(expiryCutoff(QuickClearPolicy::never, 30, 1000), std::nullopt);
+    EXPECT_EQ(maximumAge(QuickClearPolicy::custom, 45), 45);
+    EXPECT_EQ(maximumAge(QuickClearPolicy::oneDay, 45), 86'400);
+    EXPECT_EQ(maximumAge(QuickClearPolicy::never, 45), std::nullopt);
 }
 
 TEST_F(QuickClear, NeverKeepsEntriesForGood)

@@ -1,194 +1,14 @@
-// The whole state on the macOS backend: what the system receives, in its order.
+// The whole state on the macOS backend, from its start to its end.
 
-#include <memory>
-#include <string>
-#include <utility>
+#include <functional>
+#include <limits>
 
-#include "AppKitWindowHost.h"
-#include "AppState.h"
-#include "History/ImageFingerprint.h"
-#include "Support/ScriptedContent.h"
-#include "Support/ScriptedWindows.h"
-#include "Support/System.h"
-#include "Support/WindowTest.h"
-#include "SystemPlatform.h"
+#include "Support/AppStateTest.h"
 
 namespace tessel::test {
 namespace {
 
-class AppStateTests : public WindowTest {
-protected:
-    ~AppStateTests() override
-    {
-        if (state)
-            quit();
-    }
-
-    void expectNoSecret()
-    {
-        expectCall("[pasteboard availableTypeFromArray:@[@\"org.nspasteboard.ConcealedType\", "
-                   "@\"org.nspasteboard.TransientType\"]]",
-                   Nil{});
-    }
-
-    void expectStart(std::int64_t loginItemStatus)
-    {
-        expectCall("[NSPasteboard generalPasteboard]", Object{"pasteboard"});
-        expectCall("[NSUserDefaults standardUserDefaults]", Object{"defaults"});
-        expectCall("[SMAppService mainAppService]", Object{"service"});
-        expectCall("[service status]", loginItemStatus);
-        expectCall("[defaults objectForKey:@\"tesselclipboard.quickClearPolicy\"]", Nil{});
-        expectCall("[defaults objectForKey:@\"tesselclipboard.quickClearCustomSeconds\"]", Nil{});
-        expectCall("[defaults objectForKey:@\"tesselclipboard.hotKeyPreset\"]", Nil{});
-        expectCall("[defaults objectForKey:@\"tesselclipboard.panelTintOpacity\"]", Nil{});
-        expectCall("[pasteboard changeCount]", 7);
-        expectCall("[SPUStandardUpdaterController initWithStartingUpdater:YES updaterDelegate:nil "
-                   "userDriverDelegate:nil]",
-                   Object{"updater"});
-        expectCall("[NSTimer scheduledTimerWithTimeInterval:0.7 repeats:YES block:^]", Object{"poll timer"});
-        expectCall("[NSEvent addLocalMonitorForEventsMatchingMask:1024 handler:^]", Object{"monitor"});
-        expectCall("GetApplicationEventTarget()");
-        expectCall("InstallEventHandler(application target, handler, 1, {'keyb', 5}, user data, &handlerRef)",
-                   0);
-        expectCall("GetApplicationEventTarget()");
-        expectCall("RegisterEventHotKey(9, 0x300, {'CLIP', 1}, application target, 0, &hotKeyRef)", 0);
-        expectCall("dispatch_async(main queue, ^)");
-    }
-
-    /// Starts the program, trusted for Accessibility, and lets the first turn of the main queue pass.
-    void launch(std::int64_t loginItemStatus = 0, const WindowFactory& windows = scriptedWindows())
-    {
-        expectStart(loginItemStatus);
-        state = AppState::create(makeSystemPlatform(imageFingerprint), windows);
-        expectCall("AXIsProcessTrusted()", true);
-        runNextBlock();
-        endTurn();
-    }
-
-    /// Windows of the system's own.
-    static WindowFactory hostedWindows()
-    {
-        WindowFactory windows;
-        windows.panel = [](AppState&, const PanelDescription& description) {
-            return AppKitWindowHost().makePanel(description, std::make_unique<ScriptedContent>());
-        };
-        windows.settings = [](AppState&) {
-            return AppKitWindowHost().makeWindow(
-                {.frame = WindowDescription::Frame::none, .title = "Settings", .contentSize = {420, 520}},
-                std::make_unique<ScriptedContent>());
-        };
-        return windows;
-    }
-
-    void expectActivation()
-    {
-        expectCall("[NSApplication sharedApplication]", Object{"application"});
-        expectCall("[application activateIgnoringOtherApps:YES]");
-    }
-
-    /// Ends the program.
-    void quit()
-    {
-        expectCall("[poll timer invalidate]");
-        expectCall("[NSEvent removeMonitor:monitor]");
-        expectCall("UnregisterEventHotKey(hotKeyRef)", 0);
-        expectCall("RemoveEventHandler(handlerRef)", 0);
-        state.reset();
-        expectNoMore();
-    }
-
-    /// The poll begins with a look at what has expired, for which it reads the clock.
-    void expectPoll(std::int64_t changeCount)
-    {
-        expectDate();
-        expectCall("[pasteboard changeCount]", changeCount);
-    }
-
-    /// The poll sees another counter, and reads the value.
-    void expectSeen(std::int64_t changeCount)
-    {
-        expectPoll(changeCount);
-        expectCall("[pasteboard changeCount]", changeCount);
-        expectNoSecret();
-    }
-
-    void expectDate()
-    {
-        expectCall("[NSDate date]", Object{"now"});
-        expectCall("[now timeIntervalSince1970]", 1795305600.0);
-    }
-
-    /// Another application copies a text, and the poll timer fires.
-    void copy(const std::string& text, std::int64_t changeCount)
-    {
-        expectSeen(changeCount);
-        expectCall("[pasteboard stringForType:@\"public.utf8-plain-text\"]", text);
-        expectDate();
-        fireTimer("poll timer");
-        expectNoMore();
-    }
-
-    void expectPress()
-    {
-        expectCall("GetEventParameter(event, '----', 'hkid', NULL, 8, NULL, &data)", 0);
-        expectCall("dispatch_async(main queue, ^)");
-    }
-
-    /// The panel opens over that application, with one entry, on a screen of 1440 by 900 points.
-    void openPanel(Answer frontmostApplication)
-    {
-        expectPress();
-        EXPECT_EQ(pressHotKey(0x434C4950, 1), 0);
-        expectNoMore(); // The press itself only hops to the main queue.
-        expectCall("[NSWorkspace sharedWorkspace]", Object{"workspace"});
-        expectCall("[workspace frontmostApplication]", std::move(frontmostApplication));
-        expectCall("panel.make()");
-        expectCall("panel.setContentSize(460, 220)");
-        expectCall("[NSEvent mouseLocation]", Numbers{{400, 600}});
-        expectCall("[NSScreen screens]", Objects{{"screen"}});
-        expectCall("[screen frame]", Numbers{{0, 0, 1440, 900}});
-        expectCall("[screen visibleFrame]", Numbers{{0, 70, 1440, 805}});
-        expectCall("[NSScreen mainScreen]", Object{"main"});
-        expectCall("[main frame]", Numbers{{0, 0, 1440, 900}});
-        expectCall("[main visibleFrame]", Numbers{{0, 70, 1440, 805}});
-        expectCall("[NSEvent mouseLocation]", Numbers{{400, 600}});
-        expectCall("panel.frame()", Numbers{{0, 0, 460, 220}});
-        expectCall("panel.setFrameOrigin(412, 368)");
-        expectCall("panel.showWindow()");
-        expectCall("[NSApplication sharedApplication]", Object{"application"});
-        expectCall("[application activateIgnoringOtherApps:YES]");
-        expectCall("panel.makeKeyAndOrderFront()");
-        runNextBlock();
-        expectNoMore();
-    }
-
-    /// The first part of a paste: the write, the panel, and the application that comes back.
-    void expectWriteAndReturnTo(const std::string& application)
-    {
-        expectCall("[pasteboard clearContents]", 9);
-        expectCall("[pasteboard setString:@\"one\" forType:@\"public.utf8-plain-text\"]", true);
-        expectCall("panel.close()");
-        if (!application.empty())
-            expectCall("[" + application + " activateWithOptions:2]", true);
-    }
-
-    void expectDelayedBlock()
-    {
-        expectCall("dispatch_time(0, 120000000)", 500);
-        expectCall("dispatch_after(500, main queue, ^)");
-    }
-
-    void expectEvents()
-    {
-        expectCall("CGEventSourceCreate(1)", Object{"source"});
-        expectCall("CGEventCreateKeyboardEvent(source, 9, YES)", Object{"down"});
-        expectCall("CGEventCreateKeyboardEvent(source, 9, NO)", Object{"up"});
-        expectCall("CGEventSetFlags(down, 0x100000)");
-        expectCall("CGEventSetFlags(up, 0x100000)");
-    }
-
-    std::shared_ptr<AppState> state;
-};
+using AppStateTests = AppStateTest;
 
 TEST_F(AppStateTests, StartsAndEndsInTheOneOrder)
 {
@@ -211,26 +31,44 @@ TEST_F(AppStateTests, ALoginItemThatWaitsForApprovalIsOff)
 
 TEST_F(AppStateTests, WithoutTrustTheOnboardingWindowOpensAfterTheStart)
 {
-    expectStart(0);
+    expectStart();
     state = AppState::create(makeSystemPlatform(imageFingerprint), scriptedWindows());
+    expectNoMore();
     expectCall("AXIsProcessTrusted()", false);
-    expectCall("onboarding.make()");
-    expectCall("onboarding.showWindow()");
-    expectCall("[NSApplication sharedApplication]", Object{"application"});
-    expectCall("[application activateIgnoringOtherApps:YES]");
+    expectOpening("onboarding");
     runNextBlock();
     expectNoMore();
 }
 
-TEST_F(AppStateTests, APollWithoutAChangeReadsTheCounterOnce)
+TEST_F(AppStateTests, TheTrustIsNotAskedForOnceTheStateIsGone)
+{
+    expectStart();
+    state = AppState::create(makeSystemPlatform(imageFingerprint), scriptedWindows());
+    quit();
+    runNextBlock();
+}
+
+TEST_F(AppStateTests, APollWithoutAChangeReadsTheCounterOnceAndNothingElse)
 {
     launch();
-    expectPoll(7);
-    fireTimer("poll timer");
+    expectCall("[pasteboard changeCount]", 7);
+    poll();
     EXPECT_TRUE(state->history->empty());
 }
 
-TEST_F(AppStateTests, CapturesATextThatWasCopied)
+TEST_F(AppStateTests, WhatHasExpiredGoesBeforeTheCounterIsRead)
+{
+    launchWith({.quickClearPolicy = "custom", .quickClearCustomSeconds = 60.0});
+    expectDate();
+    copy("one", 8);
+    ASSERT_EQ(state->history->size(), 1U);
+    expectDate(1795305660.5);
+    expectCall("[pasteboard changeCount]", 8);
+    poll();
+    EXPECT_TRUE(state->history->empty());
+}
+
+TEST_F(AppStateTests, CapturesATextThatWasCopiedAndDoesNotAskForAnImage)
 {
     launch();
     copy("one", 8);
@@ -240,37 +78,122 @@ TEST_F(AppStateTests, CapturesATextThatWasCopied)
 TEST_F(AppStateTests, CapturesAnImageByTheDigestOfItsPNG)
 {
     launch();
-    expectSeen(8);
-    expectCall("[pasteboard stringForType:@\"public.utf8-plain-text\"]", Nil{});
-    expectNoSecret();
-    expectCall("[NSImage initWithPasteboard:pasteboard]", Object{"image"});
-    expectCall("[image TIFFRepresentation]", Bytes{"II*"});
-    expectCall("[NSBitmapImageRep initWithData:<II*>]", Object{"bitmap"});
-    expectCall("CC_SHA256_Init(context)", 1);
-    expectCall("[bitmap representationUsingType:4 properties:@{}]", Bytes{"abc"});
-    expectCall("CC_SHA256_Update(context, data, 3)", 1);
-    expectCall("CC_SHA256_Final(digest, context)", 1);
-    expectDate();
-    fireTimer("poll timer");
+    copyImage(8);
     ASSERT_EQ(state->history->size(), 1U);
     // The example of FIPS 180-4 for "abc".
-    EXPECT_EQ(std::get<SharedImage>(state->history->front().content)->preparedFingerprint(),
-              "image:ba7816bf8f01cfea414140de5dae2223b00361a396177a9cb410ff61f20015ad");
+    EXPECT_EQ(imageIdentity(), "image:ba7816bf8f01cfea414140de5dae2223b00361a396177a9cb410ff61f20015ad");
+}
+
+TEST_F(AppStateTests, AnImageWithoutATIFFEncodingABitmapOrAPNGIsKnownByItsSizeInWholePoints)
+{
+    launch();
+    const auto capture = [this](std::int64_t changeCount, const std::function<void()>& expectEncodings,
+                                const Numbers& size) {
+        expectSeen(changeCount);
+        expectImageRead();
+        expectEncodings();
+        expectCall("[image size]", size);
+        expectDate();
+        poll();
+        ASSERT_EQ(state->history->size(), static_cast<std::size_t>(changeCount - 7));
+    };
+
+    capture(
+        8, [this] { expectCall("[image TIFFRepresentation]", Nil{}); }, Numbers{{99.9, 10.2}});
+    EXPECT_EQ(imageIdentity(), "image:99x10");
+    capture(
+        9,
+        [this] {
+            expectCall("[image TIFFRepresentation]", Bytes{"damaged"});
+            expectCall("[NSBitmapImageRep initWithData:<damaged>]", Nil{});
+        },
+        Numbers{{640, 480}});
+    EXPECT_EQ(imageIdentity(), "image:640x480");
+    capture(
+        10,
+        [this] {
+            expectCall("[image TIFFRepresentation]", Bytes{"II*"});
+            expectCall("[NSBitmapImageRep initWithData:<II*>]", Object{"bitmap"});
+            expectCall("CC_SHA256_Init(context)", 1);
+            expectCall("[bitmap representationUsingType:4 properties:@{}]", Nil{});
+        },
+        Numbers{{-0.5, 0.5}});
+    EXPECT_EQ(imageIdentity(), "image:0x0");
+}
+
+TEST_F(AppStateTests, AnImageWithoutAnEncodingWhoseSizeIsNotFiniteEndsTheProcess)
+{
+    launch();
+    const auto capture = [this] {
+        expectSeen(8);
+        expectImageRead();
+        expectCall("[image TIFFRepresentation]", Nil{});
+        expectCall("[image size]", Numbers{{std::numeric_limits<double>::infinity(), 10}});
+        poll();
+    };
+    EXPECT_DEATH(capture(), "Fatal error: a number does not fit a 64-bit integer");
+}
+
+TEST_F(AppStateTests, CapturesTheImageWhereTheStringIsEmpty)
+{
+    launch();
+    expectSeen(8);
+    expectString("");
+    expectNoSecret();
+    expectCall("[NSImage initWithPasteboard:pasteboard]", Object{"image"});
+    expectImageDigest();
+    expectDate();
+    poll();
+    EXPECT_EQ(state->history->size(), 1U);
+}
+
+TEST_F(AppStateTests, AValueThatIsNeitherStringNorImageIsConsumedAndNotLookedAtAgain)
+{
+    launch();
+    expectSeen(8);
+    expectString(Nil{});
+    expectNoSecret();
+    expectCall("[NSImage initWithPasteboard:pasteboard]", Nil{});
+    poll();
+    expectCall("[pasteboard changeCount]", 8);
+    poll();
+    EXPECT_TRUE(state->history->empty());
+}
+
+TEST_F(AppStateTests, AnOpenPanelGrowsWithTheHistoryAndStaysByThePointer)
+{
+    launch();
+    copy("one", 8);
+    openPanel(Object{"editor"});
+    expectSeen(9);
+    expectString("two");
+    expectDate();
+    expectCall("panel.isWindowVisible()", true);
+    expectCall("panel.setContentSize(460, 262)");
+    expectPlacement(262, "(412, 326)");
+    poll();
+
+    expectSeen(10);
+    expectString("three");
+    expectDate();
+    expectCall("panel.isWindowVisible()", false);
+    poll();
+    EXPECT_EQ(state->history->size(), 3U);
 }
 
 TEST_F(AppStateTests, AConcealedValueIsConsumedAndNotCaptured)
 {
     launch();
-    expectPoll(8);
-    expectCall("[pasteboard changeCount]", 8);
+    for (int reads = 0; reads < 2; ++reads)
+        expectCall("[pasteboard changeCount]", 8);
     for (int reads = 0; reads < 2; ++reads)
         expectCall("[pasteboard availableTypeFromArray:@[@\"org.nspasteboard.ConcealedType\", "
                    "@\"org.nspasteboard.TransientType\"]]",
                    "org.nspasteboard.ConcealedType");
-    fireTimer("poll timer");
+    poll();
     EXPECT_TRUE(state->history->empty());
-    expectPoll(8);
-    fireTimer("poll timer");
+    expectCall("[pasteboard changeCount]", 8);
+    poll();
 }
 
 TEST_F(AppStateTests, AnotherHotKeyIdentifierIsHandledAndDoesNothing)
@@ -286,8 +209,32 @@ TEST_F(AppStateTests, TheSignatureOfAHotKeyIsNotCompared)
     launch();
     expectPress();
     EXPECT_EQ(pressHotKey(0x4F544852, 1), 0);
+    expectPanelOpens(Object{"editor"});
+    runNextBlock();
+    expectNoMore();
+}
+
+TEST_F(AppStateTests, APressDoesNothingOnceTheStateIsGone)
+{
+    launch();
+    press();
     quit();
-    runNextBlock(); // The state is gone.
+    runNextBlock();
+    EXPECT_EQ(pressHotKey(0x434C4950, 1), -9874); // Nobody handles it any more.
+}
+
+TEST_F(AppStateTests, TwoPressesInQuickSuccessionOpenAndThenCloseThePanel)
+{
+    launch();
+    press();
+    press();
+    expectPanelOpens(Object{"editor"});
+    runNextBlock();
+    expectNoMore();
+    expectCall("panel.isWindowVisible()", true);
+    expectCall("panel.close()");
+    runNextBlock();
+    expectNoMore();
 }
 
 TEST_F(AppStateTests, AHotKeyThatCannotBeReadIsHandledAndDoesNothing)
@@ -303,70 +250,36 @@ TEST_F(AppStateTests, AnotherPresetIsRegisteredOnceTheFormerIsUnregistered)
     launch();
     expectCall("[defaults setObject:@\"cmdOptionV\" forKey:@\"tesselclipboard.hotKeyPreset\"]");
     expectCall("UnregisterEventHotKey(hotKeyRef)", 0);
-    expectCall("GetApplicationEventTarget()");
-    expectCall("RegisterEventHotKey(9, 0x900, {'CLIP', 1}, application target, 0, &hotKeyRef)", 0);
+    expectHotKey("0x900");
     state->hotKeyPreset = HotKeyPreset::cmdOptionV;
     expectNoMore();
 }
 
-TEST_F(AppStateTests, TheHotKeyOpensAndClosesAPanelOfTheSystems)
+TEST_F(AppStateTests, ThePresetThatIsActiveIsWrittenAndNotRegisteredAnew)
 {
-    launch(0, hostedWindows());
-    expectPress();
-    EXPECT_EQ(pressHotKey(0x434C4950, 1), 0);
-    expectCall("[NSWorkspace sharedWorkspace]", Object{"workspace"});
-    expectCall("[workspace frontmostApplication]", Object{"editor"});
-    expectContentViewController("{460, 420}");
-    expectPanel();
-    expectCall("[panel setContentSize:{460, 220}]");
-    expectCall("[NSEvent mouseLocation]", Numbers{{400, 600}});
-    expectCall("[NSScreen screens]", Objects{{"screen"}});
-    expectCall("[screen frame]", Numbers{{0, 0, 1440, 900}});
-    expectCall("[screen visibleFrame]", Numbers{{0, 70, 1440, 805}});
-    expectCall("[NSScreen mainScreen]", Object{"main"});
-    expectCall("[main frame]", Numbers{{0, 0, 1440, 900}});
-    expectCall("[main visibleFrame]", Numbers{{0, 70, 1440, 805}});
-    expectCall("[NSEvent mouseLocation]", Numbers{{400, 600}});
-    expectCall("[panel frame]", Numbers{{0, 0, 460, 220}});
-    expectCall("[panel setFrameOrigin:{412, 368}]");
-    expectCall("content.windowWillShow()");
-    expectCall("[controller showWindow:nil]");
-    expectActivation();
-    expectCall("[panel makeKeyAndOrderFront:nil]");
-    expectCall("[panel makeFirstResponder:content]", true);
-    runNextBlock();
+    launch();
+    expectCall("[defaults setObject:@\"cmdShiftV\" forKey:@\"tesselclipboard.hotKeyPreset\"]");
+    state->hotKeyPreset = HotKeyPreset::cmdShiftV;
     expectNoMore();
-
-    expectPress();
-    EXPECT_EQ(pressHotKey(0x434C4950, 1), 0);
-    expectCall("[panel isVisible]", true);
-    expectClose();
-    expectCall("dispatch_async(main queue, ^)");
-    runNextBlock();
-    EXPECT_EQ(state->panelController, nullptr);
-    expectCall("content.end()");
-    runNextBlock();
 }
 
-TEST_F(AppStateTests, TheSettingsAreOneWindowThatIsShownBeforeTheApplicationIsActivated)
+TEST_F(AppStateTests, AHandlerAndAHotKeyThatTheSystemRefusesAreNotReportedAndNotGivenBack)
 {
-    launch(0, hostedWindows());
-    expectChromelessWindow("{420, 520}");
-    expectCall("content.windowWillShow()");
-    expectCall("[controller showWindow:nil]");
-    expectActivation();
-    state->showSettingsWindow();
+    expectSettings(0, {});
+    expectMonitoring();
+    expectHandler(-9860);
+    expectHotKey("0x300", -9878);
+    expectCall("dispatch_async(main queue, ^)");
+    start();
+
+    expectCall("[defaults setObject:@\"ctrlShiftV\" forKey:@\"tesselclipboard.hotKeyPreset\"]");
+    expectHotKey("0x1200", -9878);
+    state->hotKeyPreset = HotKeyPreset::ctrlShiftV;
     expectNoMore();
 
-    expectCall("content.windowWillShow()");
-    expectCall("[controller showWindow:nil]");
-    expectActivation();
-    state->showSettingsWindow();
-    expectNoMore();
-
-    expectClose();
-    state->settingsController->close();
-    retire(state->settingsController);
+    expectCall("[poll timer invalidate]");
+    expectCall("[NSEvent removeMonitor:monitor]");
+    state.reset();
 }
 
 TEST_F(AppStateTests, PastesIntoTheApplicationThatWasInFront)
@@ -388,11 +301,50 @@ TEST_F(AppStateTests, PastesIntoTheApplicationThatWasInFront)
     expectNoMore();
 
     // The program's own write is not captured.
-    expectSeen(9);
-    expectCall("[pasteboard stringForType:@\"public.utf8-plain-text\"]", "one");
-    expectDate();
-    fireTimer("poll timer");
+    copy("one", 9);
     EXPECT_EQ(state->history->size(), 1U);
+}
+
+TEST_F(AppStateTests, AnImageIsPastedAsTheImageObjectAndNotAsATextAndTheWriteIsNotCaptured)
+{
+    launch();
+    copyImage(8);
+    copy("one", 9);
+    expectCall("[pasteboard clearContents]", 10);
+    expectCall("[pasteboard writeObjects:@[image]]", true);
+    expectCall("AXIsProcessTrusted()", true);
+    expectDelayedBlock();
+    state->copyAndPaste(state->history->back());
+    expectEvents();
+    expectCall("CGEventPost(0, down)");
+    expectCall("CGEventPost(0, up)");
+    runNextBlock();
+    expectNoMore();
+
+    copyImage(11);
+    EXPECT_EQ(state->history->size(), 2U);
+}
+
+TEST_F(AppStateTests, APasteThatFollowsAtOnceDoesNotCancelTheOneBefore)
+{
+    launch();
+    copy("one", 8);
+    for (const auto& [application, process] : {std::pair("editor", 4242), {"browser", 77}}) {
+        openPanel(Object{application});
+        expectWriteAndReturnTo(application);
+        expectCall("AXIsProcessTrusted()", true);
+        expectCall("[" + std::string(application) + " processIdentifier]", process);
+        expectDelayedBlock();
+        state->copyAndPaste(state->history->front());
+        expectNoMore();
+    }
+    for (const std::string process : {"4242", "77"}) {
+        expectEvents();
+        expectCall("CGEventPostToPid(" + process + ", down)");
+        expectCall("CGEventPostToPid(" + process + ", up)");
+        runNextBlock();
+        expectNoMore();
+    }
 }
 
 TEST_F(AppStateTests, WithoutAnApplicationInFrontItPastesWhereTheFocusIs)
@@ -415,8 +367,7 @@ TEST_F(AppStateTests, AnApplicationThatHasQuitIsStillPostedTo)
     launch();
     copy("one", 8);
     openPanel(Object{"editor"});
-    expectCall("[pasteboard clearContents]", 9);
-    expectCall("[pasteboard setString:@\"one\" forType:@\"public.utf8-plain-text\"]", true);
+    expectWrite();
     expectCall("panel.close()");
     expectCall("[editor activateWithOptions:2]", false);
     expectCall("AXIsProcessTrusted()", true);
@@ -436,14 +387,29 @@ TEST_F(AppStateTests, WithoutTrustTheSystemPromptsAndItsSettingsOpenAndNothingIs
     openPanel(Object{"editor"});
     expectWriteAndReturnTo("editor");
     expectCall("AXIsProcessTrusted()", false);
+    expectPromptAndSettings(false);
+    state->copyAndPaste(state->history->front());
+    expectNoMore();
+    EXPECT_EQ(waitingBlocks(), 0U);
+
+    // So it is every time, whatever the prompt answers. The panel is gone by now.
+    expectWrite();
+    expectCall("[editor activateWithOptions:2]", true);
+    expectCall("AXIsProcessTrusted()", false);
+    expectPromptAndSettings(true);
+    state->copyAndPaste(state->history->front());
+    expectNoMore();
+    EXPECT_EQ(waitingBlocks(), 0U);
+}
+
+TEST_F(AppStateTests, AnAddressOfTheSettingsThatDoesNotParseIsNotOpened)
+{
+    launch();
     expectCall("AXIsProcessTrustedWithOptions(@{@\"AXTrustedCheckOptionPrompt\": @YES})", false);
     expectCall("[NSURL URLWithString:@\"x-apple.systempreferences:com.apple.preference.security?"
                "Privacy_Accessibility\"]",
-               Object{"address"});
-    expectCall("[NSWorkspace sharedWorkspace]", Object{"workspace"});
-    expectCall("[workspace openURL:address]", true);
-    state->copyAndPaste(state->history->front());
-    EXPECT_EQ(waitingBlocks(), 0U);
+               Nil{});
+    state->requestAccessibilityAndOpenSettings();
 }
 
 TEST_F(AppStateTests, NothingIsPostedWhenTheStateEndsBeforeTheDelayIsOver)
@@ -460,35 +426,123 @@ TEST_F(AppStateTests, NothingIsPostedWhenTheStateEndsBeforeTheDelayIsOver)
     runNextBlock();
 }
 
-TEST_F(AppStateTests, EscapeClosesThePanelAndGoesNoFurther)
+TEST_F(AppStateTests, ThePanelOpensOnTheFirstScreenWithThePointerWithinWhatIsVisibleOfIt)
 {
     launch();
-    copy("one", 8);
+    expectCall("[NSWorkspace sharedWorkspace]", Object{"workspace"});
+    expectCall("[workspace frontmostApplication]", Nil{});
+    expectCall("panel.make()");
+    expectCall("panel.setContentSize(460, 220)");
+    expectCall("[NSEvent mouseLocation]", Numbers{{2400, 150}});
+    expectCall("[NSScreen screens]", Objects{{"first", "second"}});
+    expectCall("[first frame]", Numbers{{0, 0, 1440, 900}});
+    expectCall("[first visibleFrame]", Numbers{{0, 70, 1440, 805}});
+    expectCall("[second frame]", Numbers{{1440, 0, 1000, 800}});
+    expectCall("[second visibleFrame]", Numbers{{1440, 50, 1000, 725}});
+    expectCall("[NSEvent mouseLocation]", Numbers{{2400, 150}});
+    expectCall("panel.frame()", Numbers{{0, 0, 460, 220}});
+    expectCall("panel.setFrameOrigin(1980, 50)");
+    expectCall("panel.showWindow()");
+    expectActivation();
+    expectCall("panel.makeKeyAndOrderFront()");
+    state->showPanel();
+}
+
+TEST_F(AppStateTests, TheMainScreenIsAskedForOnlyWhereNoScreenHasThePointer)
+{
+    launch();
+    for (const bool hasMainScreen : {true, false}) {
+        expectCall("[NSWorkspace sharedWorkspace]", Object{"workspace"});
+        expectCall("[workspace frontmostApplication]", Nil{});
+        if (!state->panelController)
+            expectCall("panel.make()");
+        expectCall("panel.setContentSize(460, 220)");
+        expectCall("[NSEvent mouseLocation]", Numbers{{-20, 400}});
+        expectScreen();
+        expectCall("[NSScreen mainScreen]", hasMainScreen ? Answer(Object{"main"}) : Answer(Nil{}));
+        if (hasMainScreen) {
+            expectCall("[main frame]", Numbers{{0, 0, 1440, 900}});
+            expectCall("[main visibleFrame]", Numbers{{0, 70, 1440, 805}});
+            expectCall("[NSEvent mouseLocation]", Numbers{{-20, 400}});
+            expectCall("panel.frame()", Numbers{{0, 0, 460, 220}});
+            expectCall("panel.setFrameOrigin(0, 168)");
+        }
+        expectCall("panel.showWindow()");
+        expectActivation();
+        expectCall("panel.makeKeyAndOrderFront()");
+        state->showPanel();
+        expectNoMore();
+    }
+}
+
+TEST_F(AppStateTests, EscapeClosesThePanelThenTheSettingsThenTheAboutWindowAndNoOther)
+{
+    expectStart();
+    state = AppState::create(makeSystemPlatform(imageFingerprint), scriptedWindows());
+    expectCall("AXIsProcessTrusted()", false);
+    expectOpening("onboarding");
+    runNextBlock();
+    endTurn();
+    expectOpening("about");
+    state->showAboutWindow();
+    expectOpening("settings");
+    state->showSettingsWindow();
     openPanel(Object{"editor"});
-    expectCall("[escape keyCode]", 53);
-    expectCall("[escape modifierFlags]", 0);
-    expectCall("panel.isWindowVisible()", true);
-    expectCall("panel.close()");
-    EXPECT_FALSE(deliverKeyDown("escape"));
-    expectCall("[escape keyCode]", 53);
-    expectCall("[escape modifierFlags]", 0);
+
+    for (const std::string window : {"panel", "settings", "about"}) {
+        expectEscape();
+        expectCall(window + ".isWindowVisible()", true);
+        expectCall(window + ".close()");
+        EXPECT_FALSE(deliverKeyDown("escape"));
+        expectNoMore();
+    }
+    expectEscape();
     EXPECT_TRUE(deliverKeyDown("escape"));
+}
+
+TEST_F(AppStateTests, EscapePassesByWindowsThatAreNotVisible)
+{
+    launch();
+    expectOpening("settings");
+    state->showSettingsWindow();
+    openPanel(Object{"editor"});
+    expectEscape();
+    expectCall("panel.isWindowVisible()", false);
+    expectCall("settings.isWindowVisible()", false);
+    EXPECT_TRUE(deliverKeyDown("escape"));
+    EXPECT_NE(state->panelController, nullptr);
+    EXPECT_NE(state->settingsController, nullptr);
+}
+
+TEST_F(AppStateTests, AnotherKeyThanEscapeIsPassedOnAndNoWindowIsAsked)
+{
+    launch();
+    openPanel(Object{"editor"});
+    expectCall("[key keyCode]", 51);
+    expectCall("[key modifierFlags]", 0);
+    EXPECT_TRUE(deliverKeyDown("key"));
 }
 
 TEST_F(AppStateTests, ALoginItemThatTheSystemRefusesSpringsBack)
 {
     launch();
-    const auto expectStatus = [this](std::int64_t status) {
-        expectCall("[SMAppService mainAppService]", Object{"service"});
-        expectCall("[service status]", status);
-    };
-    expectStatus(0);
-    expectCall("[SMAppService mainAppService]", Object{"service"});
-    expectCall("[service registerAndReturnError:NULL]", false);
-    expectStatus(2);
-    expectStatus(2);
+    expectLoginItemStatus(0);
+    expectLoginItemChange("registerAndReturnError", false);
+    expectLoginItemStatus(2);
+    expectLoginItemStatus(2);
     state->launchAtLogin = true;
     EXPECT_FALSE(*state->launchAtLogin);
+}
+
+TEST_F(AppStateTests, ALoginItemThatTheSystemDoesNotLetGoSpringsBack)
+{
+    launch(1);
+    expectLoginItemStatus(1);
+    expectLoginItemChange("unregisterAndReturnError", false);
+    expectLoginItemStatus(1);
+    expectLoginItemStatus(1);
+    state->launchAtLogin = false;
+    EXPECT_TRUE(*state->launchAtLogin);
 }
 
 TEST_F(AppStateTests, LooksForUpdatesAndQuitsWithoutASender)
@@ -496,9 +550,11 @@ TEST_F(AppStateTests, LooksForUpdatesAndQuitsWithoutASender)
     launch();
     expectCall("[updater checkForUpdates:nil]");
     state->checkForUpdates();
+    expectNoMore();
     expectCall("[NSApplication sharedApplication]", Object{"application"});
     expectCall("[application terminate:nil]");
     state->terminate();
+    expectNoMore();
 }
 
 } // namespace

@@ -18,6 +18,7 @@ TEST_F(BackendTests, IsMadeAndEndsInTheOneOrder)
     expectCall("[NSUserDefaults standardUserDefaults]", Object{"defaults"});
     expectAppearanceRead();
     expectAppearanceObserved();
+    expectCall("[NSMenu init]", Object{"menu"});
     expectCall("[menu setAutoenablesItems:NO]");
     // What the program remembers is in a domain of its own, beside the settings.
     expectCall("[NSUserDefaults initWithSuiteName:@\"org.tesselclipboard.TesselClipboard.state\"]",

@@ -4,6 +4,8 @@
 #include <gtest/gtest.h>
 
 #include "AXAccessibilityTrust.h"
+#include "CarbonHotKeyCenter.h"
+#include "DispatchMainQueue.h"
 #include "Support/CallScript.h"
 
 namespace tessel::test {
@@ -20,6 +22,13 @@ TEST(CallScriptTests, ACallWithAnotherArgumentFails)
     CallScript script;
     script.announce("CGEventSourceCreate(1)", Nil{});
     EXPECT_NONFATAL_FAILURE(script.receive("CGEventSourceCreate(0)"), "what came was");
+}
+
+TEST(CallScriptTests, ANumberThatIsOnlyCloseFails)
+{
+    CallScript script;
+    script.announce("[NSTimer scheduledTimerWithTimeInterval:0.7 repeats:YES block:^]", Nil{});
+    EXPECT_NONFATAL_FAILURE((void)DispatchMainQueue().repeat(0.7000001, [] {}), "0.7000001");
 }
 
 TEST(CallScriptTests, ACallOutOfOrderFails)
@@ -58,6 +67,27 @@ TEST(CallScriptTests, WhatIsGivenBackTwiceFails)
     script.taken("hot key");
     script.givenBack("hot key");
     EXPECT_NONFATAL_FAILURE(script.givenBack("hot key"), "nobody had it");
+}
+
+TEST(CallScriptTests, AHotKeyThatIsGivenBackInPlaceOfAnotherFails)
+{
+    CallScript script;
+    CarbonHotKeyCenter center;
+    const auto registered = [&] {
+        script.announce("GetApplicationEventTarget()", Nothing{});
+        script.announce("RegisterEventHotKey(9, 0x300, {'CLIP', 1}, application target, 0, &hotKeyRef)", 0);
+        return *center.registerEventHotKey(9, 0x300, {0x434C4950, 1});
+    };
+    const auto unregister = [&](HotKeyRef hotKey) {
+        script.announce("UnregisterEventHotKey(hotKeyRef)", 0);
+        center.unregisterEventHotKey(hotKey);
+    };
+    const HotKeyRef first = registered();
+    const HotKeyRef second = registered();
+    unregister(first);
+    EXPECT_NONFATAL_FAILURE(unregister(first), "another hot key");
+    script.taken("hot key");
+    unregister(second);
 }
 
 } // namespace

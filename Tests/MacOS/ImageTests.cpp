@@ -47,6 +47,14 @@ protected:
         expectCall("CGColorSpaceRelease(sRGB)");
     }
 
+    /// With medium interpolation (4).
+    void expectDrawing(const std::string& rectangle)
+    {
+        expectCall("CGContextSetInterpolationQuality(context, 4)");
+        expectCall("CGContextDrawImage(context, " + rectangle + ", picture)");
+        expectCall("CGContextRelease(context)");
+    }
+
     SharedImage image;
 };
 
@@ -94,9 +102,7 @@ TEST_F(ImageTests, AWidePictureFillsTheThumbnailAndIsCroppedToItsCentre)
 {
     expectPicture(128, 64);
     expectContext(Object{"context"});
-    expectCall("CGContextSetInterpolationQuality(context, 3)");
-    expectCall("CGContextDrawImage(context, {{-32, 0}, {128, 64}}, picture)");
-    expectCall("CGContextRelease(context)");
+    expectDrawing("{{-32, 0}, {128, 64}}");
     const Thumbnail& thumbnail = image->thumbnail();
     EXPECT_EQ(thumbnail.pixels, std::vector<std::uint32_t>(64 * 64, 0x7F7F7F7F));
 }
@@ -105,9 +111,7 @@ TEST_F(ImageTests, ATallPictureFillsTheThumbnailAndIsCroppedToItsCentre)
 {
     expectPicture(16, 32);
     expectContext(Object{"context"});
-    expectCall("CGContextSetInterpolationQuality(context, 3)");
-    expectCall("CGContextDrawImage(context, {{0, -32}, {64, 128}}, picture)");
-    expectCall("CGContextRelease(context)");
+    expectDrawing("{{0, -32}, {64, 128}}");
     EXPECT_EQ(image->thumbnail().pixels.size(), 64U * 64U);
 }
 
@@ -115,9 +119,7 @@ TEST_F(ImageTests, TheThumbnailIsDrawnOnce)
 {
     expectPicture(64, 64);
     expectContext(Object{"context"});
-    expectCall("CGContextSetInterpolationQuality(context, 3)");
-    expectCall("CGContextDrawImage(context, {{0, 0}, {64, 64}}, picture)");
-    expectCall("CGContextRelease(context)");
+    expectDrawing("{{0, 0}, {64, 64}}");
     const Thumbnail* first = &image->thumbnail();
     EXPECT_EQ(&image->thumbnail(), first);
 }

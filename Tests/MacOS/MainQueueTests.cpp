@@ -46,6 +46,19 @@ TEST_F(MainQueueTests, AsyncAfterCountsNanosecondsFromNow)
     EXPECT_EQ(runs, 1);
 }
 
+TEST_F(MainQueueTests, ABlockThatIsDelayedRunsAfterOneThatCameLaterAndIsNot)
+{
+    std::vector<int> order;
+    expectCall("dispatch_time(0, 120000000)", 77);
+    expectCall("dispatch_after(77, main queue, ^)");
+    queue.asyncAfter(0.12, [&order] { order.push_back(2); });
+    expectCall("dispatch_async(main queue, ^)");
+    queue.async([&order] { order.push_back(1); });
+    runNextBlock();
+    runNextBlock();
+    EXPECT_EQ(order, (std::vector{1, 2}));
+}
+
 TEST_F(MainQueueTests, RepeatIsARepeatingTimerUntilTheTokenIsDropped)
 {
     int runs = 0;

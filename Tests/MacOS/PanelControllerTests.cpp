@@ -64,10 +64,13 @@ TEST_F(PanelControllerTests, CanBecomeKeyAndNeverMain)
     EXPECT_FALSE(canBecomeMain("panel"));
 }
 
-TEST_F(PanelControllerTests, HasItsWindowFromTheBeginning)
+TEST_F(PanelControllerTests, HasAWindowWhileTheSystemsControllerHasOne)
 {
     make();
+    expectCall("[controller window]", true);
     EXPECT_TRUE(controller->hasWindow());
+    expectCall("[controller window]", false);
+    EXPECT_FALSE(controller->hasWindow());
 }
 
 TEST_F(PanelControllerTests, IsVisibleWhenTheSystemSaysSo)

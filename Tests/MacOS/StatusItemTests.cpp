@@ -14,6 +14,7 @@ class StatusItemTests : public MacOSTest {
 protected:
     StatusItemTests()
     {
+        expectCall("[NSMenu init]", Object{"menu"});
         expectCall("[menu setAutoenablesItems:NO]");
         item.emplace();
     }

@@ -30,17 +30,9 @@ protected:
         make({.frame = WindowDescription::Frame::none, .title = "Settings", .contentSize = contentSize});
     }
 
-    /// A title bar and a close button (1 + 2), buffered and not deferred.
     void makeTitled()
     {
-        expectContentViewController("{430, 250}");
-        expectCall("[NSWindow initWithContentRect:{{0, 0}, {430, 250}} styleMask:3 backing:2 defer:NO]",
-                   Object{"window"});
-        expectCall("[window setTitle:@\"Setup Required\"]");
-        expectCall("[window setReleasedWhenClosed:NO]");
-        expectCall("[window center]");
-        expectCall("[window setContentViewController:hosting]");
-        expectCall("[NSWindowController initWithWindow:window]", Object{"controller"});
+        expectTitledWindow("Setup Required");
         make({.frame = WindowDescription::Frame::titleBar,
               .title = "Setup Required",
               .contentSize = {430, 250}});
@@ -74,21 +66,17 @@ TEST_F(WindowControllerTests, TheOnboardingWindowIsMadeAndConfiguredInTheOneOrde
 
 TEST_F(WindowControllerTests, ATitleThatIsNoUTF8IsLeftOut)
 {
-    expectContentViewController("{430, 250}");
-    expectCall("[NSWindow initWithContentRect:{{0, 0}, {430, 250}} styleMask:3 backing:2 defer:NO]",
-               Object{"window"});
-    expectCall("[window setTitle:@\"\"]");
-    expectCall("[window setReleasedWhenClosed:NO]");
-    expectCall("[window center]");
-    expectCall("[window setContentViewController:hosting]");
-    expectCall("[NSWindowController initWithWindow:window]", Object{"controller"});
+    expectTitledWindow("");
     make({.frame = WindowDescription::Frame::titleBar, .title = "\xFF", .contentSize = {430, 250}});
 }
 
-TEST_F(WindowControllerTests, HasItsWindowFromTheBeginning)
+TEST_F(WindowControllerTests, HasAWindowWhileTheSystemsControllerHasOne)
 {
     makeTitled();
+    expectCall("[controller window]", true);
     EXPECT_TRUE(controller->hasWindow());
+    expectCall("[controller window]", false);
+    EXPECT_FALSE(controller->hasWindow());
 }
 
 TEST_F(WindowControllerTests, IsVisibleWhenTheSystemSaysSo)

@@ -22,15 +22,15 @@ std::optional<QuickClearPolicy> quickClearPolicy(std::string_view rawValue)
     return caseWithRawValue(allQuickClearPolicies, rawValue);
 }
 
-std::optional<Date> expiryCutoff(QuickClearPolicy policy, double customSeconds, Date now)
+std::optional<double> maximumAge(QuickClearPolicy policy, double customSeconds)
 {
     constexpr double secondsPerDay = 86400;
 
     switch (policy) {
     case QuickClearPolicy::custom:
-        return now - customSeconds;
+        return customSeconds;
     case QuickClearPolicy::oneDay:
-        return now - secondsPerDay;
+        return secondsPerDay;
     case QuickClearPolicy::never:
         break;
     }

@@ -4,8 +4,6 @@
 #include <optional>
 #include <string_view>
 
-#include "Clock.h"
-
 namespace tessel {
 
 /// How long an entry is kept. The declaration order is the order in which a chooser lists the policies.
@@ -23,7 +21,7 @@ std::string_view rawValue(QuickClearPolicy policy);
 /// None: `rawValue` is the stored form of no policy. Letter case counts.
 std::optional<QuickClearPolicy> quickClearPolicy(std::string_view rawValue);
 
-/// Entries captured before this time have expired. None: entries never expire.
-std::optional<Date> expiryCutoff(QuickClearPolicy policy, double customSeconds, Date now);
+/// Seconds; older entries have expired. None: entries never expire.
+std::optional<double> maximumAge(QuickClearPolicy policy, double customSeconds);
 
 } // namespace tessel

@@ -37,13 +37,19 @@ bool mouseInRect(Point pointer, const Rect& rect)
            pointer.y <= rect.maxY();
 }
 
-std::optional<Screen> screenInUse(Point pointer, const std::vector<Screen>& screens,
-                                  const std::optional<Screen>& mainScreen)
+std::optional<Screen> screenContaining(Point pointer, const std::vector<Screen>& screens)
 {
     const auto found = std::find_if(screens.begin(), screens.end(), [pointer](const Screen& screen) {
         return mouseInRect(pointer, screen.frame);
     });
-    return found != screens.end() ? *found : mainScreen;
+    return found != screens.end() ? std::optional(*found) : std::nullopt;
+}
+
+std::optional<Screen> screenInUse(Point pointer, const std::vector<Screen>& screens,
+                                  const std::optional<Screen>& mainScreen)
+{
+    const auto screen = screenContaining(pointer, screens);
+    return screen ? screen : mainScreen;
 }
 
 } // namespace tessel

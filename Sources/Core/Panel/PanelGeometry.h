@@ -20,6 +20,9 @@ Point panelOrigin(Point pointer, Size panel, const Rect& visibleFrame);
 /// it, the right and bottom edges do not.
 bool mouseInRect(Point pointer, const Rect& rect);
 
+/// The first screen whose whole frame contains the pointer, else none.
+std::optional<Screen> screenContaining(Point pointer, const std::vector<Screen>& screens);
+
 /// The screen on which windows open: the first that contains the pointer, else the main screen, else none.
 std::optional<Screen> screenInUse(Point pointer, const std::vector<Screen>& screens,
                                   const std::optional<Screen>& mainScreen);

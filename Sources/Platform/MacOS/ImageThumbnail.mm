@@ -56,7 +56,7 @@ Thumbnail drawThumbnail(NSImage* image)
         const ContextOwner context = makeContext(thumbnail);
         if (!context)
             return {};
-        CGContextSetInterpolationQuality(context.get(), kCGInterpolationHigh);
+        CGContextSetInterpolationQuality(context.get(), kCGInterpolationMedium);
         CGContextDrawImage(context.get(),
                            fillingRectangle(static_cast<double>(width), static_cast<double>(height)),
                            picture);

@@ -2,6 +2,8 @@
 
 #include <vector>
 
+#include <gtest/gtest.h>
+
 #import "Doubles/Message.h"
 #import "Doubles/Reply.h"
 #include "Runtime/Runtime.h"
@@ -61,7 +63,8 @@ std::vector<EventMonitor*>& monitors()
 + (void)removeMonitor:(id)monitor
 {
     Reply(message("NSEvent", "removeMonitor:", monitor)).nothing();
-    std::erase(monitors(), monitor);
+    if (std::erase(monitors(), monitor) != 1)
+        ADD_FAILURE() << "Removed was a monitor that is not installed";
 }
 
 @end

@@ -5,6 +5,8 @@
 #include <list>
 #include <vector>
 
+#include <gtest/gtest.h>
+
 #import "Doubles/Message.h"
 #import "Doubles/Reply.h"
 #include "Support/CallScript.h"
@@ -44,6 +46,11 @@ std::list<OpaqueEventHotKeyRef>& hotKeys()
     return *registered;
 }
 
+Word describeAddress(const void* address, const char* name)
+{
+    return {address != nullptr ? name : "NULL"};
+}
+
 Word describeTarget(EventTargetRef target)
 {
     return {target == &applicationTarget ? "application target" : "another target"};
@@ -63,19 +70,30 @@ Word describeTypes(ItemCount count, const EventTypeSpec* types)
     return {text};
 }
 
-/// Removes what the reference stands for. Fails the test when there is nothing of that kind.
+/// Removes what the reference stands for. Fails the test when that is nothing.
 template <class Registration>
 void remove(std::list<Registration>& registrations, const Registration* reference, const char* kind)
 {
     CallScript::current().givenBack(kind);
-    registrations.remove_if([reference](const Registration& other) { return &other == reference; });
+    const auto removed =
+        registrations.remove_if([reference](const Registration& other) { return &other == reference; });
+    if (removed != 1)
+        ADD_FAILURE() << "Given back was another " << kind;
 }
 
-OSStatus callHandlers(EventRef event, bool withUserData)
+bool hearsOfPressedHotKeys(const OpaqueEventHandlerRef& installed)
 {
-    for (const OpaqueEventHandlerRef& installed : handlers())
-        return installed.handler(nullptr, event, withUserData ? installed.userData : nullptr);
-    return notHandled;
+    return std::any_of(installed.types.begin(), installed.types.end(), [](EventTypeSpec type) {
+        return type.eventClass == kEventClassKeyboard && type.eventKind == kEventHotKeyPressed;
+    });
+}
+
+OSStatus callHandler(EventRef event, bool withUserData)
+{
+    const auto installed = std::find_if(handlers().begin(), handlers().end(), hearsOfPressedHotKeys);
+    if (installed == handlers().end())
+        return notHandled;
+    return installed->handler(nullptr, event, withUserData ? installed->userData : nullptr);
 }
 
 } // namespace
@@ -92,9 +110,9 @@ OSStatus InstallEventHandler(EventTargetRef target, EventHandlerUPP handler, Ite
                              const EventTypeSpec* types, void* userData, EventHandlerRef* handlerRef)
 {
     const auto status = static_cast<OSStatus>(
-        Reply(call("InstallEventHandler", describeTarget(target), Word{"handler"}, typeCount,
-                   describeTypes(typeCount, types), Word{userData != nullptr ? "user data" : "NULL"},
-                   Word{"&handlerRef"}))
+        Reply(call("InstallEventHandler", describeTarget(target),
+                   Word{handler != nullptr ? "handler" : "NULL"}, typeCount, describeTypes(typeCount, types),
+                   describeAddress(userData, "user data"), describeAddress(handlerRef, "&handlerRef")))
             .integer());
     if (status != noErr)
         return status;
@@ -115,7 +133,7 @@ OSStatus RegisterEventHotKey(UInt32 keyCode, UInt32 modifiers, EventHotKeyID ide
 {
     const auto status = static_cast<OSStatus>(
         Reply(call("RegisterEventHotKey", keyCode, Mask{modifiers}, describeIdentifier(identifier),
-                   describeTarget(target), options, Word{"&hotKeyRef"}))
+                   describeTarget(target), options, describeAddress(hotKeyRef, "&hotKeyRef")))
             .integer());
     if (status != noErr)
         return status;
@@ -135,9 +153,9 @@ OSStatus GetEventParameter(EventRef event, EventParamName name, EventParamType t
                            void* data)
 {
     const auto status = static_cast<OSStatus>(
-        Reply(call("GetEventParameter", Word{"event"}, FourCharacterCode{name}, FourCharacterCode{type},
-                   Word{actualType == nullptr ? "NULL" : "&actualType"}, bufferSize,
-                   Word{actualSize == nullptr ? "NULL" : "&actualSize"}, Word{"&data"}))
+        Reply(call("GetEventParameter", describeAddress(event, "event"), FourCharacterCode{name},
+                   FourCharacterCode{type}, describeAddress(actualType, "&actualType"), bufferSize,
+                   describeAddress(actualSize, "&actualSize"), describeAddress(data, "&data")))
             .integer());
     if (status == noErr)
         std::memcpy(data, &event->identifier, std::min(bufferSize, sizeof event->identifier));
@@ -150,18 +168,18 @@ namespace tessel::test {
 std::int32_t pressHotKey(std::uint32_t signature, std::uint32_t id)
 {
     OpaqueEventRef event = {{signature, id}};
-    return callHandlers(&event, true);
+    return callHandler(&event, true);
 }
 
 std::int32_t callHotKeyHandlerWithoutEvent()
 {
-    return callHandlers(nullptr, true);
+    return callHandler(nullptr, true);
 }
 
 std::int32_t callHotKeyHandlerWithoutUserData()
 {
     OpaqueEventRef event = {{0x434C4950, 1}};
-    return callHandlers(&event, false);
+    return callHandler(&event, false);
 }
 
 } // namespace tessel::test

@@ -1,7 +1,7 @@
 #import <Foundation/Foundation.h>
 #include <dispatch/dispatch.h>
 
-#include <deque>
+#include <algorithm>
 #include <vector>
 
 #include <gtest/gtest.h>
@@ -19,10 +19,26 @@ dispatch_queue_s _dispatch_main_q;
 
 namespace {
 
-std::deque<dispatch_block_t>& queue()
+struct WaitingBlock {
+    dispatch_time_t when; ///< 0: on the next turn.
+    dispatch_block_t block;
+};
+
+std::vector<WaitingBlock>& queue()
 {
-    static auto* blocks = new std::deque<dispatch_block_t>;
+    static auto* blocks = new std::vector<WaitingBlock>;
     return *blocks;
+}
+
+/// Takes the block out whose turn comes first; of several, the oldest.
+dispatch_block_t takeNextBlock()
+{
+    const auto next = std::min_element(
+        queue().begin(), queue().end(),
+        [](const WaitingBlock& one, const WaitingBlock& other) { return one.when < other.when; });
+    const dispatch_block_t block = next->block;
+    queue().erase(next);
+    return block;
 }
 
 /// The run loop keeps a timer that is scheduled.
@@ -44,7 +60,7 @@ extern "C" {
 void dispatch_async(dispatch_queue_t target, dispatch_block_t block)
 {
     Reply(call("dispatch_async", describeQueue(target), static_cast<id>(block))).nothing();
-    queue().push_back(block);
+    queue().push_back({0, block});
 }
 
 dispatch_time_t dispatch_time(dispatch_time_t when, int64_t nanoseconds)
@@ -55,7 +71,7 @@ dispatch_time_t dispatch_time(dispatch_time_t when, int64_t nanoseconds)
 void dispatch_after(dispatch_time_t when, dispatch_queue_t target, dispatch_block_t block)
 {
     Reply(call("dispatch_after", when, describeQueue(target), static_cast<id>(block))).nothing();
-    queue().push_back(block);
+    queue().push_back({when, block});
 }
 }
 
@@ -100,9 +116,7 @@ void runNextBlock()
         ADD_FAILURE() << "No block waits on the main queue";
         return;
     }
-    const dispatch_block_t block = queue().front();
-    queue().pop_front();
-    block();
+    takeNextBlock()();
 }
 
 std::size_t waitingBlocks()

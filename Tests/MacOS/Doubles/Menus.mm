@@ -132,20 +132,25 @@ NSMenuItem* findMenuItem(const std::string& title)
 
 @dynamic autoenablesItems;
 
+- (instancetype)init
+{
+    return Reply(message("NSMenu", "init")).initialized([super init]);
+}
+
 - (void)setAutoenablesItems:(BOOL)enables
 {
-    Reply(message("menu", "setAutoenablesItems:", enables)).nothing();
+    Reply(message(self, "setAutoenablesItems:", enables)).nothing();
 }
 
 - (void)addItem:(NSMenuItem*)item
 {
-    Reply(message("menu", "addItem:", item)).nothing();
+    Reply(message(self, "addItem:", item)).nothing();
     items_.push_back(item);
 }
 
 - (void)removeAllItems
 {
-    Reply(message("menu", "removeAllItems")).nothing();
+    Reply(message(self, "removeAllItems")).nothing();
     items_.clear();
 }
 
@@ -178,7 +183,7 @@ NSMenuItem* findMenuItem(const std::string& title)
 
 - (void)setMenu:(NSMenu*)menu
 {
-    Reply(message(self, "setMenu:", Word{menu != nil ? "menu" : "nil"})).nothing();
+    Reply(message(self, "setMenu:", menu)).nothing();
     menu_ = menu;
 }
 
@@ -207,7 +212,8 @@ NSMenuItem* findMenuItem(const std::string& title)
 - (void)removeStatusItem:(NSStatusItem*)item
 {
     Reply(message(self, "removeStatusItem:", item)).nothing();
-    std::erase(statusItems(), item);
+    if (std::erase(statusItems(), item) != 1)
+        ADD_FAILURE() << "Removed was an item that is not in the menu bar";
 }
 
 @end

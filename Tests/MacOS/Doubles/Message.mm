@@ -1,6 +1,7 @@
 #import "Doubles/Message.h"
 
 #include <array>
+#include <charconv>
 #include <cstdio>
 
 #import "Doubles/Values.h"
@@ -64,9 +65,10 @@ std::string describe(BOOL value)
 
 std::string describe(double value)
 {
-    std::array<char, 32> text{};
-    std::snprintf(text.data(), text.size(), "%g", value);
-    return text.data();
+    // The shortest digits that only this number has, so that none that is close passes for it.
+    std::array<char, 512> text{};
+    const auto end = std::to_chars(text.begin(), text.end(), value, std::chars_format::fixed).ptr;
+    return {text.begin(), end};
 }
 
 std::string describe(NSPoint point)

@@ -123,6 +123,8 @@ CALayerCornerCurve const kCACornerCurveContinuous = @"continuous";
 
 @implementation NSViewController
 
+@dynamic view;
+
 - (instancetype)init
 {
     return Reply(message("NSViewController", "init")).initialized([super init]);
@@ -132,11 +134,6 @@ CALayerCornerCurve const kCACornerCurveContinuous = @"continuous";
 {
     Reply(message(self, "setView:", view)).nothing();
     view_ = view;
-}
-
-- (NSView*)view
-{
-    return view_;
 }
 
 @end

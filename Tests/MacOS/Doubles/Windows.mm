@@ -51,7 +51,7 @@ NSWindow* findWindow(const std::string& name)
 @implementation NSWindow
 
 @dynamic level, collectionBehavior, hasShadow, movableByWindowBackground, opaque, backgroundColor, title,
-    titleVisibility, titlebarAppearsTransparent, releasedWhenClosed;
+    titleVisibility, titlebarAppearsTransparent, releasedWhenClosed, contentViewController;
 
 - (instancetype)initWithContentRect:(NSRect)contentRect
                           styleMask:(NSWindowStyleMask)style
@@ -140,11 +140,6 @@ NSWindow* findWindow(const std::string& name)
     contentViewController_ = controller;
 }
 
-- (NSViewController*)contentViewController
-{
-    return contentViewController_;
-}
-
 - (NSRect)frame
 {
     return Reply(message(self, "frame")).rectangle();
@@ -210,6 +205,8 @@ NSWindow* findWindow(const std::string& name)
 
 @implementation NSWindowController
 
+@dynamic window;
+
 - (instancetype)initWithWindow:(NSWindow*)window
 {
     self = Reply(message("NSWindowController", "initWithWindow:", window)).initialized([super init]);
@@ -217,15 +214,10 @@ NSWindow* findWindow(const std::string& name)
     return self;
 }
 
+/// The answer says whether there is one: a controller may lose its window.
 - (NSWindow*)window
 {
-    return window_;
-}
-
-- (void)setWindow:(NSWindow*)window
-{
-    Reply(message(self, "setWindow:", window)).nothing();
-    window_ = window;
+    return Reply(message(self, "window")).boolean() ? window_ : nil;
 }
 
 - (void)showWindow:(id)sender

@@ -9,6 +9,8 @@ foreach(language IN ITEMS CXX OBJCXX)
     set(CMAKE_${language}_COMPILER /usr/bin/clang++-14)
     set(CMAKE_${language}_COMPILER_TARGET arm64-apple-macos13.0)
     set(CMAKE_${language}_COMPILER_WORKS ON)
+    # CMake takes a system whose version it cannot ask for one from before there were rpaths.
+    set(CMAKE_SHARED_LIBRARY_RUNTIME_${language}_FLAG "-Wl,-rpath,")
 endforeach()
 # What is looked for on the machine, and not there.
 set(TESSEL_MACDEPLOYQT /usr/bin/false)

@@ -2,6 +2,8 @@
 
 #include <utility>
 
+#include "Support/System.h"
+
 namespace tessel::test {
 
 MacOSTest::MacOSTest()
@@ -15,6 +17,7 @@ MacOSTest::~MacOSTest()
     pool_.reset();
     script_.expectAllReceived();
     script_.expectAllGivenBack();
+    EXPECT_EQ(waitingBlocks(), 0U);
     for (const std::string& object : objc::liveObjects())
         ADD_FAILURE() << "Still alive: " << object;
 }

@@ -12,7 +12,8 @@
 namespace tessel::test {
 
 /// A test of the macOS backend on doubles of the system. When it is over, every call that it announced must
-/// have come, nothing may still be held of the system, and no object may be alive.
+/// have come, nothing may still be held of the system, no block may wait on the main queue, and no object may
+/// be alive.
 class MacOSTest : public testing::Test {
 protected:
     MacOSTest();

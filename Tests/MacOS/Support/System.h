@@ -9,8 +9,8 @@
 
 namespace tessel::test {
 
-/// A hot key is pressed: each installed handler gets the event, which carries this identifier. Returns the
-/// status of the handler; -9874 (not handled) where there is none.
+/// A hot key is pressed: the handler that is installed for such events gets one, which carries this
+/// identifier. Returns the status of the handler; -9874 (not handled) where there is none.
 std::int32_t pressHotKey(std::uint32_t signature, std::uint32_t id);
 /// The same without an event.
 std::int32_t callHotKeyHandlerWithoutEvent();
@@ -20,7 +20,8 @@ std::int32_t callHotKeyHandlerWithoutUserData();
 /// A key-down event of that name reaches the application. False: a monitor has consumed it.
 bool deliverKeyDown(const std::string& event);
 
-/// Runs the oldest block on the main queue. Fails the test when there is none.
+/// Runs the block on the main queue whose turn is next: the oldest, and those that were delayed after the
+/// others, by the times that the test has answered. Fails the test when there is none.
 void runNextBlock();
 /// How many blocks wait on the main queue.
 std::size_t waitingBlocks();

@@ -79,6 +79,19 @@ protected:
         expectCall("[NSWindowController initWithWindow:window]", Object{"controller"});
     }
 
+    /// A title bar and a close button (1 + 2), buffered and not deferred.
+    void expectTitledWindow(const std::string& title)
+    {
+        expectContentViewController("{430, 250}");
+        expectCall("[NSWindow initWithContentRect:{{0, 0}, {430, 250}} styleMask:3 backing:2 defer:NO]",
+                   Object{"window"});
+        expectCall("[window setTitle:@\"" + title + "\"]");
+        expectCall("[window setReleasedWhenClosed:NO]");
+        expectCall("[window center]");
+        expectCall("[window setContentViewController:hosting]");
+        expectCall("[NSWindowController initWithWindow:window]", Object{"controller"});
+    }
+
     void expectClose()
     {
         expectCall("[controller close]");

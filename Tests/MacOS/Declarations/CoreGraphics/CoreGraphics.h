@@ -39,7 +39,7 @@ typedef struct CGContext* CGContextRef;
 
 enum CGImageAlphaInfo : uint32_t { kCGImageAlphaPremultipliedFirst = 2 };
 enum CGBitmapInfo : uint32_t { kCGBitmapByteOrder32Little = 2 << 12 };
-enum CGInterpolationQuality : int32_t { kCGInterpolationHigh = 3 };
+enum CGInterpolationQuality : int32_t { kCGInterpolationHigh = 3, kCGInterpolationMedium = 4 };
 
 extern "C" {
 extern const CFStringRef _Nonnull kCGColorSpaceSRGB;
