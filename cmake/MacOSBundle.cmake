@@ -32,20 +32,17 @@ add_custom_command(OUTPUT ${icon}
     VERBATIM)
 add_custom_target(tessel-bundle-icon DEPENDS ${icon})
 add_dependencies(tessel-clipboard tessel-bundle-icon)
-
-# The program is another directory's target, and what is said of a file counts in one directory.
-function(put_into_bundle place)
-    target_sources(tessel-clipboard PRIVATE ${ARGN})
-    set_source_files_properties(${ARGN} TARGET_DIRECTORY tessel-clipboard PROPERTIES MACOSX_PACKAGE_LOCATION ${place})
-endfunction()
-put_into_bundle(Resources ${icon} ${resources}/MacOS/qt.conf)
+target_sources(tessel-clipboard PRIVATE ${icon})
+# What is said of a file counts in one directory, and the program is another one's.
+set_source_files_properties(${icon} TARGET_DIRECTORY tessel-clipboard PROPERTIES MACOSX_PACKAGE_LOCATION Resources)
 
 # The toolkit's own texts, those of English being in it. Homebrew has them in another package than the rest of it.
+set(toolkit_texts "")
 foreach(language IN LISTS languages)
     find_file(TESSEL_TOOLKIT_TEXTS_${language} qtbase_${language}.qm NO_DEFAULT_PATH
         PATHS ${QT6_INSTALL_PREFIX} ${CMAKE_PREFIX_PATH} PATH_SUFFIXES ${QT6_INSTALL_TRANSLATIONS})
     if(TESSEL_TOOLKIT_TEXTS_${language})
-        put_into_bundle(Resources/translations ${TESSEL_TOOLKIT_TEXTS_${language}})
+        list(APPEND toolkit_texts ${TESSEL_TOOLKIT_TEXTS_${language}})
     elseif(NOT language STREQUAL "en")
         message(WARNING "The toolkit's texts in the language '${language}' are missing.")
     endif()
@@ -58,6 +55,9 @@ set_target_properties(tessel-clipboard PROPERTIES
     INSTALL_RPATH "@executable_path/../Frameworks")
 
 install(TARGETS tessel-clipboard BUNDLE DESTINATION .)
+# Not where the program is built: there the toolkit's plugins and texts are where the toolkit is.
+install(FILES ${resources}/MacOS/qt.conf DESTINATION "${bundle}/Contents/Resources")
+install(FILES ${toolkit_texts} DESTINATION "${bundle}/Contents/Resources/translations")
 if(TESSEL_SPARKLE)
     # So that the program also starts where it is built.
     get_filename_component(directory_of_updater "${TESSEL_SPARKLE}" DIRECTORY)

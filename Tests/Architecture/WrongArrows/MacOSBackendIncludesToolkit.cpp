@@ -1,1 +1,1 @@
-#include <QtCore/QString>
+#include <QString>
