@@ -1,9 +1,13 @@
 #include "Updates/DownloadProcess.h"
 
+#include <QtCore/QCoreApplication>
 #include <QtCore/QTemporaryFile>
 
+#include <cerrno>
 #include <filesystem>
 #include <optional>
+
+#include <sys/wait.h>
 
 #include "TemporaryDirectory.h"
 #include "UpdatesTest.h"
@@ -23,6 +27,19 @@ protected:
         certificates_.flush();
         qputenv("SSL_CERT_FILE", certificates_.fileName().toLocal8Bit());
         qputenv("no_proxy", "127.0.0.1");
+    }
+
+    /// Those that were ended are still to be buried, and their objects to be deleted.
+    void TearDown() override
+    {
+        EXPECT_TRUE(runUntil([] { return !hasChildren(); }));
+        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    }
+
+    static bool hasChildren()
+    {
+        siginfo_t child{};
+        return waitid(P_ALL, 0, &child, WEXITED | WNOHANG | WNOWAIT) == 0 || errno != ECHILD;
     }
 
     DownloadResult download(const QUrl& address,
